@@ -1,0 +1,31 @@
+// txc subcommands. Each file of this folder registers its subcommand with a
+// static Registration; main.cpp dispatches on the first argument.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace txc_tool {
+
+using Args = std::vector<std::string>;
+
+struct Command {
+  const char* name;
+  const char* summary;      // one line for `txc help`
+  const char* usage;        // full text for `txc help NAME`
+  int (*run)(const Args&);  // arguments after the subcommand name
+  void (*tour)();           // part of the no-argument tour, or null
+};
+
+std::vector<Command>& commands();
+
+struct Registration {
+  explicit Registration(const Command& c) { commands().push_back(c); }
+};
+
+// Shows bytes so that blanks, quotes and control bytes are visible:
+// [a b] with control and high bytes as \xNN.
+std::string visible(const char* text, std::size_t n);
+std::string visible(const char* text);
+
+}  // namespace txc_tool

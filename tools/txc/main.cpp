@@ -1,0 +1,97 @@
+// txc: try the txCommon library on real text from the command line.
+//
+//   txc                 a short tour on built-in samples
+//   txc help [NAME]     the subcommands, or one in full
+//   txc version
+#include "command.h"
+
+#include <txCommon/internal.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+namespace txc_tool {
+
+std::vector<Command>& commands() {
+  static std::vector<Command> all;
+  return all;
+}
+
+std::string visible(const char* text, std::size_t n) {
+  std::string out = "[";
+  for (std::size_t i = 0; i < n; ++i) {
+    const unsigned char c = static_cast<unsigned char>(text[i]);
+    if (c < 0x20 || c >= 0x7F || c == '\\') {
+      char hex[8];
+      std::snprintf(hex, sizeof hex, "\\x%02X", c);
+      out += hex;
+    } else {
+      out += static_cast<char>(c);
+    }
+  }
+  return out + "]";
+}
+
+std::string visible(const char* text) { return visible(text, std::strlen(text)); }
+
+}  // namespace txc_tool
+
+namespace {
+
+using namespace txc_tool;
+
+void sort_commands() {
+  std::sort(commands().begin(), commands().end(),
+            [](const Command& a, const Command& b) { return std::strcmp(a.name, b.name) < 0; });
+}
+
+int help(const Args& args) {
+  if (!args.empty()) {
+    for (const Command& c : commands()) {
+      if (args[0] == c.name) {
+        std::printf("%s\n", c.usage);
+        return 0;
+      }
+    }
+    std::fprintf(stderr, "txc: no subcommand '%s'\n", args[0].c_str());
+    return 2;
+  }
+  std::printf("usage: txc [SUBCOMMAND [ARGS...]]\n\nWith no arguments, a short tour.\n\n");
+  for (const Command& c : commands()) std::printf("  %-10s %s\n", c.name, c.summary);
+  std::printf("\n'txc help NAME' shows one subcommand in full.\n");
+  return 0;
+}
+
+void tour() {
+  std::printf("txCommon tour\n=============\n");
+  for (const Command& c : commands()) {
+    if (c.tour != nullptr) {
+      std::printf("\n-- %s --\n", c.name);
+      c.tour();
+    }
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  txcommon_initialize(nullptr);
+  sort_commands();
+  if (argc < 2) {
+    tour();
+    return 0;
+  }
+  const std::string name = argv[1];
+  Args args(argv + 2, argv + argc);
+  if (name == "help" || name == "--help" || name == "-h") return help(args);
+  if (name == "version" || name == "--version") {
+    std::printf("txc (txCommon) 0.1.0\n");
+    return 0;
+  }
+  for (const Command& c : commands()) {
+    if (name == c.name) return c.run(args);
+  }
+  std::fprintf(stderr, "txc: unknown subcommand '%s' (try 'txc help')\n", name.c_str());
+  return 2;
+}
