@@ -9,8 +9,11 @@ namespace txc_tool {
 
 using Args = std::vector<std::string>;
 
+// A command is named by one word (`version`) or by a word and a verb
+// (`date parse`): `verb` is null for the first kind.
 struct Command {
   const char* name;
+  const char* verb;
   const char* summary;      // one line for `txc help`
   const char* usage;        // full text for `txc help NAME`
   int (*run)(const Args&);  // arguments after the subcommand name

@@ -43,22 +43,31 @@ using namespace txc_tool;
 
 void sort_commands() {
   std::sort(commands().begin(), commands().end(),
-            [](const Command& a, const Command& b) { return std::strcmp(a.name, b.name) < 0; });
+            [](const Command& a, const Command& b) {
+              const int byName = std::strcmp(a.name, b.name);
+              if (byName != 0) return byName < 0;
+              return std::strcmp(a.verb ? a.verb : "", b.verb ? b.verb : "") < 0;
+            });
+}
+
+std::string title(const Command& c) {
+  return c.verb != nullptr ? std::string(c.name) + " " + c.verb : std::string(c.name);
 }
 
 int help(const Args& args) {
   if (!args.empty()) {
+    bool found = false;
     for (const Command& c : commands()) {
-      if (args[0] == c.name) {
-        std::printf("%s\n", c.usage);
-        return 0;
+      if (args[0] == c.name && (args.size() < 2 || (c.verb && args[1] == c.verb))) {
+        std::printf("%s\n\n", c.usage);
+        found = true;
       }
     }
-    std::fprintf(stderr, "txc: no subcommand '%s'\n", args[0].c_str());
-    return 2;
+    if (!found) std::fprintf(stderr, "txc: no subcommand '%s'\n", args[0].c_str());
+    return found ? 0 : 2;
   }
   std::printf("usage: txc [SUBCOMMAND [ARGS...]]\n\nWith no arguments, a short tour.\n\n");
-  for (const Command& c : commands()) std::printf("  %-10s %s\n", c.name, c.summary);
+  for (const Command& c : commands()) std::printf("  %-14s %s\n", title(c).c_str(), c.summary);
   std::printf("\n'txc help NAME' shows one subcommand in full.\n");
   return 0;
 }
@@ -67,7 +76,7 @@ void tour() {
   std::printf("txCommon tour\n=============\n");
   for (const Command& c : commands()) {
     if (c.tour != nullptr) {
-      std::printf("\n-- %s --\n", c.name);
+      std::printf("\n-- %s --\n", title(c).c_str());
       c.tour();
     }
   }
@@ -90,7 +99,9 @@ int main(int argc, char** argv) {
     return 0;
   }
   for (const Command& c : commands()) {
-    if (name == c.name) return c.run(args);
+    if (name != c.name) continue;
+    if (c.verb == nullptr) return c.run(args);
+    if (!args.empty() && args[0] == c.verb) return c.run(Args(args.begin() + 1, args.end()));
   }
   std::fprintf(stderr, "txc: unknown subcommand '%s' (try 'txc help')\n", name.c_str());
   return 2;

@@ -2,10 +2,18 @@
 //
 // Strings made for cutting command text (vstring), their companions
 // (StringSpool, vstringArray), the host bridge, exceptions, the calendar and
-// date value (CDateMin), and the number face of vstring.
+// date value (CDateMin), frequencies and the date hint, formatting and the
+// random generators.
 #pragma once
 
 #include <txCommon/export.h>
 #include <txCommon/host.h>
 #include <txCommon/vstring.h>
 #include <txCommon/StringSpool.h>
+#include <txCommon/WorkingArray.h>
+#include <txCommon/exceptions.h>
+#include <txCommon/vstringArray.h>
+#include <txCommon/CDateMin.h>
+#include <txCommon/frequency.h>
+#include <txCommon/format.h>
+#include <txCommon/random.h>

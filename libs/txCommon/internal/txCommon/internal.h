@@ -6,4 +6,13 @@
 
 #include <txCommon/internal/host_bridge.h>
 #include <txCommon/internal/platform.h>
+#include <txCommon/internal/platform_clock.h>
+#include <txCommon/internal/mbcs.h>
 #include <txCommon/internal/vstring_block.h>
+#include <txCommon/internal/tracked_memory.h>
+#include <txCommon/internal/date_kernel.h>
+#include <txCommon/internal/frequency_math.h>
+#include <txCommon/internal/date_text.h>
+#include <txCommon/internal/number_io.h>
+#include <txCommon/internal/number_format.h>
+#include <txCommon/internal/random_engine.h>

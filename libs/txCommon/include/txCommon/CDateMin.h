@@ -1,0 +1,4 @@
+// CDateMin: the date-time value and the calendar.
+#pragma once
+
+#include <txCommon/export.h>

@@ -1,0 +1,4 @@
+// Reference-counted working arrays.
+#pragma once
+
+#include <txCommon/export.h>

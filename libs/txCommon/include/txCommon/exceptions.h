@@ -1,0 +1,4 @@
+// Exceptions and the error catalogue.
+#pragma once
+
+#include <txCommon/export.h>

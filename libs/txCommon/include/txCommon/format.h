@@ -1,0 +1,4 @@
+// Formatting of numbers to text.
+#pragma once
+
+#include <txCommon/export.h>

@@ -1,0 +1,4 @@
+// Frequencies, RegularFreq and the date hint.
+#pragma once
+
+#include <txCommon/export.h>

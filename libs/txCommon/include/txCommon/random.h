@@ -1,0 +1,4 @@
+// Random generators.
+#pragma once
+
+#include <txCommon/export.h>

@@ -1,0 +1,4 @@
+// Internal: not part of the public interface. Tracked allocation.
+#pragma once
+
+#include <txCommon/export.h>
