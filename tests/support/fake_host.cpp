@@ -19,6 +19,7 @@ void FakeHost::reset() {
   queried.clear();
   ensureCalls.clear();
   evaluated.clear();
+  allocateSizes.clear();
   allocateCalls = releaseCalls = codePageCalls = lowerCalls = upperCalls = nextTempCalls = 0;
   setTempBufLen(131040);
 }
@@ -57,6 +58,7 @@ void FakeHost::AssertFailed(const char* sourceFile, int line) {
 
 void* FakeHost::Allocate(int size) {
   ++allocateCalls;
+  allocateSizes.push_back(size);
   if (failAllocateAfter == 0) errorPending = 1;
   if (failAllocateAfter >= 0) --failAllocateAfter;
   return std::malloc(static_cast<std::size_t>(size));

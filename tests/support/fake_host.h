@@ -35,6 +35,7 @@ public:
   std::vector<std::string> queried;
   std::vector<std::pair<int, int>> ensureCalls;
   std::vector<std::string> evaluated;
+  std::vector<int> allocateSizes;
   int allocateCalls = 0;
   int releaseCalls = 0;
   int codePageCalls = 0;

@@ -74,6 +74,7 @@ char* vstring::alloc(unsigned int n) {
   }
   if (n == 0) return g_emptyText;
   char* text = blk::make(n);
+  text[0] = '\0';
   report_if_huge(n);
   data = text;
   return data;
