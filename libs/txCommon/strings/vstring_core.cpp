@@ -241,8 +241,8 @@ vstring& temp_of(const char* a, unsigned na, const char* b, unsigned nb) {
   const unsigned n = na + nb;
   if (n == 0) return t.clear();
   char* p = t.alloc(n);
-  std::memcpy(p, a, na);
-  std::memcpy(p + na, b, nb);
+  if (na) std::memcpy(p, a, na);
+  if (nb) std::memcpy(p + na, b, nb);
   p[n] = '\0';
   return t;
 }
