@@ -120,22 +120,296 @@ public:
   void FormatMessageA(unsigned int);
 
   // ---- search, comparison and hashing -------------------------------------
-  // (strings/search.cpp, strings/compare.cpp)
+  // (strings/search.cpp, strings/compare.cpp, strings/classify.cpp,
+  //  strings/hash.cpp)
+  //
+  // Positions are 1-based, 0 is "not found"; `start`/`limit` 0 mean the whole
+  // text. Scans stop at the first zero byte, not at len().
+  //
+  //   vstring s("abcabc");
+  //   s.instr("bc", 2, 0);     // 5: second match
+  //   s.rinstr("bc", 1, 0);    // 5: last match
+  //   s.compare(vstring("abd")) < 0;
+  //
+  // Text search: the `occurrence`-th match of `needle` at or after `start`
+  // (overlapping matches count). Occurrence 0 answers start - 1.
+  int instr(vstring& needle, unsigned int occurrence = 1, unsigned int start = 0) const;
+  int instr(const char* needle, unsigned int occurrence = 1, unsigned int start = 0) const;
+  int instrsub(char* const needle, unsigned int occurrence = 1, unsigned int start = 0) const;
+  // Byte search from `start`; a `start` equal to the length already gives 0.
+  int instr(char c, unsigned int occurrence, unsigned int start = 0) const;
+  int instr(char c) const;
+  int inchar(int c) const;
+  // Among the matches starting at or before `limit`, the `occurrence`-th from
+  // the back.
+  int rinstr(vstring& needle, unsigned int occurrence = 1, unsigned int limit = 0) const;
+  int rinstr(const char* needle, unsigned int occurrence = 1, unsigned int limit = 0) const;
+  int rinstrsub(char* const needle, unsigned int occurrence = 1, unsigned int limit = 0) const;
+  // Byte search backwards from `limit` (0 or >= length: the last byte).
+  int rinstr(char c, unsigned int occurrence, unsigned int limit = 0) const;
+  // The last byte `c`, except that one at position 1 is never seen (0).
+  int rinstr(char c) const;
+  int rinchar(int c) const;
+  // The first byte `c` outside double quotes (", and 0x93/0x94 under a 1252
+  // host). The byte is tested before the quote toggles.
+  int incharnq(int c) const;
+  txlong CharCount(char c);
+  // Leading bytes shared, terminators included: equal texts give length + 1.
+  int MatchingStartChars(const vstring& other);
+
+  // Ordering: bytewise, but [ \ ] ^ _ ` order below all letters.
+  int compare(const vstring& other) const;
+  // Case-blind first, then compare() to break ties: a total order.
+  int compareX(const vstring& other) const;
+  int CompareNoCase(vstring& other) const;
+  int CompareNoCase(const char* other) const;
+  // The ordering rule over at most n - 1 equal bytes.
+  int cmp(vstring& other, unsigned int n);
+  int cmp(const char* other, unsigned int n);
+  int fcmp(const char* other, unsigned int n);
+  // 1 when equal without regard to case over TempBufLen() bytes.
+  int caselessEqual(const vstring& other) const;
+  int caselessEqual(const char* other) const;
+  // Exact byte equality up to the terminators; empty equals empty.
+  int operator==(const vstring& other) const;
+  int operator!=(const vstring& other) const;
+  int operator==(const char* other) const;
+  int operator!=(const char* other) const;
+  // 1 when the text is exactly the one byte `c`.
+  int operator==(char c) const;
+  // The ordering rule bounded by TempBufLen().
+  int operator<(const vstring& other) const;
+  int operator>(const vstring& other) const;
+  int operator<=(const vstring& other) const;
+  int operator>=(const vstring& other) const;
+
+  // Shape of the text.
+  // Leading bytes 0x01-0x20, an optional sign, then digits to the end.
+  int isInteger() const;
+  // Only 0-9, A-Z, a-z (the empty text qualifies).
+  int IsAlphaNumeric();
+  // Some byte for which isspace() holds.
+  int hasWhiteSpace() const;
+  // Some byte of the len() bytes is an expression separator (tab, LF, blank,
+  // ( ) * + , - / < = > ^, or a zero byte inside the length).
+  int hasSeperator() const;
+
+  // 32-bit hash of the len() bytes; the word table uses the same function.
+  unsigned int hash() const;
 
   // ---- case conversion ----------------------------------------------------
-  // (strings/case.cpp)
+  // (strings/case_plain.cpp, strings/case_nq.cpp, strings/case_setting.cpp,
+  //  strings/case_title.cpp)
+  //
+  // The plain family converts the whole text through the host's
+  // UpperBuffer/LowerBuffer; the nq family leaves quoted text alone:
+  //
+  //   vstring s("genr x = \"Label\"");
+  //   s.uprnq();                // GENR X = "Label"
+  //
+  // All change the string and return *this except the cpy forms and
+  // isMixedCase.
+  vstring& upr();
+  vstring& MakeUpper();
+  vstring& lwr();
+  // Upper/lower case outside double quotes (", and 0x93/0x94 under a 1252
+  // host); a quote left open runs to the end of the text.
+  vstring& mbuprnq();
+  vstring& uprnq();
+  vstring& outCase();
+  vstring& mblwrnq();
+  vstring& lwrnq();
+  // mblwrnq when the host's "pTarnixIni->DlgLowerCase" is "1", else mbuprnq.
+  // The argument has no effect.
+  vstring& dlgCase(int unused = 0);
+  // lwr when the host's "pTarnixIni->SheetLowerCase" is "1", else upr.
+  vstring& sheetCase();
+  // Lower case, then the first byte upper case.
+  vstring& capitalize();
+  // Capitals at word starts (words end at bytes 0x00-0x20); lowerRest lowers
+  // the rest of each word; firstWordOnly stops behind the first word.
+  vstring& titleCase(int firstWordOnly, int lowerRest);
+  // 1 when the text differs from both its upper- and lower-case forms.
+  int isMixedCase() const;
+  // Assign, then upr / mbuprnq. Null or empty releases the block.
+  vstring& putUpr(const char* text);
+  vstring& putUprnq(const char* text);
+  // Copy the text (with terminator) into `target`, converted; `target` must
+  // hold len() + 1 bytes. The string itself is left alone.
+  char* cpyupr(char* target) const;
+  char* cpylwr(char* target) const;
+  char* cpylwrnq(char* target) const;
+  char* cpyDlgCase(char* target, int unused = 0) const;
 
   // ---- editing and trimming -----------------------------------------------
-  // (strings/edit.cpp)
+  // (strings/trim.cpp, strings/edit_remove.cpp, strings/edit_insert.cpp,
+  //  strings/edit_convert.cpp, strings/comment.cpp, strings/paren.cpp,
+  //  strings/replace.cpp, strings/replace_array.cpp, strings/replace_name.cpp)
+  //
+  // Const forms return a temporary; the others change the string and return
+  // *this. Three blank tests are in use and each method names its own:
+  // "low blank" is 0x00-0x20 read unsigned (0x80 and up are text), "signed
+  // blank" is <= 0x20 as a signed byte (0x80 and up count as blank), "space"
+  // is 0x20 alone.
+  //
+  //   vstring s("  a(b)  ");
+  //   s.trim(0);                          // "a(b)" (temporary)
+  //   vstring e("X+X1+X");
+  //   e.replace("X", "Y", 0, 0);          // "Y+Y1+Y"
+  //   vstring n("AX X");
+  //   n.replaceName("X", "Y");            // 1, "AX Y": whole names only
+  //
+  // Work that needs room is laid out in the scratch buffer; a result is never
+  // longer than TempBufLen() bytes (see each method for what a larger text
+  // gets).
+
+  // Trimming. ltrim/rtrim: leading/trailing low blanks; a byte of 0x80 or up
+  // stops the scan. rtrim1: trailing spaces only.
+  vstring& ltrim() const;
+  vstring& rtrim() const;
+  vstring& rtrim1() const;
+  // Both ends; highToo also takes signed blanks (0x80 and up) off the end.
+  // A text opening with a byte of 0x80 or up comes back whole.
+  vstring& trim(int highToo) const;
+  // In place, low blanks at both ends; the block is kept.
+  vstring& itrim();
+  void TrimRight();
+
+  // Removing.
+  vstring& removeCharacter(char c);
+  // Bytes 0x00-0x20 go; bytes 0x80 and up stay.
+  vstring& removeWhiteSpace();
+  // Signed blanks go outside quotes (0x80 and up too); quoted text stays.
+  vstring& removeWhiteSpacenq();
+  // Drops the byte classes named in `kinds`: a letters, d digits, w white
+  // space, p everything else (case-blind).
+  vstring& dropchars(const vstring& kinds) const;
+  // Cuts the text at its first ' outside quotes; with atCommand, a text
+  // opening with '@' and a low blank is emptied.
+  vstring& StripComments(int atCommand);
+  // 1-based position of the first ' outside quotes, 0 if none.
+  int findCommentChar();
+  // One enclosing pair (..) or [..] comes off when it really encloses:
+  // "(a)+(b)" stays, "((a))" gives "(a)".
+  vstring& remove_parens();
+  vstring& StripParens();
+  vstring& remove_brackets();
+  // A leading '{' and a trailing '}' come off when both stand there.
+  vstring& StripBraces();
+  // A temporary "{text}"; this string stays as it is.
+  vstring& SurroundWithBraces();
+
+  // Replacing. Non-overlapping, left to right, a replacement is never
+  // rescanned. maxCount bounds the replacements; caseBlind compares after
+  // toupper. An empty `from` inserts `to` maxCount times at the front.
+  void replace(vstring from, vstring to, int firstOnly, int caseBlind);
+  void caselessReplace(vstring from, vstring to, int firstOnly);
+  vstring& replace_mult(vstring from, vstring to, int maxCount, int caseBlind);
+  // from[k] -> to[k] in one left-to-right pass, each search going on behind
+  // the previous match; entries are expected in their order in the text.
+  void replace_mult(vstringArray& from, vstringArray& to, int caseBlind);
+  // Replaces the first whole-name match of `from` (name bytes: $ 0-9 A-Z _);
+  // 1 when it did, else 0.
+  int replaceName(vstring from, vstring to);
+
+  // Inserting. `part` goes behind the first `position` bytes (position >= 1);
+  // refused, with no change, when the two lengths together do not fit the
+  // scratch buffer (no host: when they reach 8192).
+  vstring& insert(vstring& part, int position);
+  // Overwrites bytes from 0-based `offset` with `part`, never past the end.
+  void insertPart(vstring& part, int offset);
+
+  // Line and character conversion.
+  vstring& TabToSpace();
+  // A temporary with CR, CR LF and LF CR each turned into one LF.
+  vstring& CR_LF_to_LF() const;
+  // Drops junk in front of the first letter, digit or byte of
+  // extra[0..extraCount); everything behind it stays.
+  vstring& MakeAlphaNumeric(char* extra, int extraCount);
+  // The first n bytes as 2n capital hex digits ("%02X" each).
+  vstring& bin2hex(unsigned int n);
 
   // ---- quoting and escapes ------------------------------------------------
-  // (strings/quote.cpp)
+  // (strings/quote.cpp, strings/quote_strip.cpp, strings/quote_double.cpp,
+  //  strings/escape.cpp)
+  //
+  // All change the string. A quote byte is '"', and 0x93/0x94 under a host
+  // whose code page is 1252; MakeQuoted looks at '"' alone.
+  //
+  //   vstring s("a \"b\"");
+  //   s.MakeQuoted();            // "a ""b""" : outer quotes, inner doubled
+  //   s.StripQuotesEx();         // a "b"     : and back
+  //
+  // A result that would outgrow the scratch buffer (TempBufLen() bytes) is
+  // cut at a whole byte of the source and still closed, see SurroundWithQuotes.
+  vstring& SurroundWithQuotes();
+  vstring& MakeQuoted();
+  vstring& AddQuotesEx();
+  // MakeQuoted when the text holds white space (with ignoreQuoted, white
+  // space inside quotes does not count).
+  vstring& AddQuotesIfNecessary(bool ignoreQuoted);
+  // Takes off a first and last quote byte, nothing else.
+  vstring& StripQuotes();
+  // Takes off the outer pair (trailing blanks allowed) and undoubles inner
+  // quotes, unless the outer quotes turn out to belong to separate pieces.
+  vstring& StripQuotesEx();
+  // Doubles / undoubles quote bytes; the added byte is always '"'.
+  vstring& ConvertToDblQuotes();
+  vstring& ConvertFromDblQuotes();
+  // Named the other way round from what they do: the first writes line ends
+  // as \n and '\' as \\; the second reads them back (line ends as CR LF).
+  void ConvertEscSequencesToAscii();
+  void ConvertAsciiToEscSequences();
 
   // ---- numbers ------------------------------------------------------------
-  // (numbers/)
+  // (numbers/vstring_numbers.cpp)
+  //
+  // The conversions never report and never throw; the process locale plays no
+  // part (the decimal character is always '.').
+  //
+  //   vstring("  -42xyz").ival();     // -42 (atol: stops at the first non-digit)
+  //   vstring("NA").dval();           // dNA; " NA" and "na" give 0.0
+  //   vstring("$1,234.50").number();  // 1234.5; "abc" gives dNA
+  //   vstring("(12)").isNumber();     // 1: the full reader grammar
+  //   double n; vstring("abc 12").GetBaseStr(n);  // "abc", n = 12
+  //
+  // atol of the text: white space, a sign, decimal digits; 0 without a digit;
+  // saturates at the 32-bit limits.
+  int ival() const;
+  txlong lval() const;
+  // dNA for exactly "NA", otherwise atof of the text (0.0 for no number).
+  double dval() const;
+  // Skips blanks and one '$', keeps a sign and the digits, drops ',' before the
+  // point, then atof; dNA when no digit (or '.' digit) starts the number.
+  double number() const;
+  // 1 when the text is one finite number with optional white space around it,
+  // or "NA" in any case; 0 otherwise.
+  int isNumber() const;
+  int IsNumberStrict() const;
+  // Splits off a tail of digits and blanks: returns the head as a temporary
+  // and stores the tail's value in `number` when it is a number (else 0.0).
+  vstring& GetBaseStr(double& number) const;
 
   // ---- formatting and random text -----------------------------------------
-  // (numbers/)
+  // (numbers/format_vstring.cpp, numbers/random_text.cpp; see <txCommon/format.h>)
+  //
+  // Each format method replaces the text with the formatted number and returns
+  // *this; a missing value or an infinity becomes "NA", a field that cannot
+  // hold the number becomes '#' bytes.
+  //
+  // spec 0.0: the "%.12g" text (C locale). spec < 0: iformat(value, (int)spec).
+  // spec > 1: width.decimals, e.g. 8.2 = width 8, 2 decimals (one decimal of
+  // the code counts). 0 < spec <= 1: exponent form with spec*100 decimals.
+  // A blank stands before a number that is not negative.
+  vstring& format(double value, float spec, unsigned int flags);
+  // As above with flags 0, and `before` / `after` blanks around the text.
+  vstring& format(double value, float spec, int before, int after);
+  // digits >= 0: that many decimals; -1..-999: a column of -digits bytes;
+  // below -999: exponent form with -1000-digits decimals.
+  vstring& iformat(double value, int digits);
+  // minLength..maxLength characters of [0-9a-z] from the C-style rand() pair
+  // of the calling thread; reseeded from the clock unless keepSeed.
+  static vstring GetRandomAlphaNumericString(int minLength, int maxLength, bool keepSeed);
 
 protected:
   // The text of the block, or null when the string holds no block.

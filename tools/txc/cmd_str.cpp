@@ -1,0 +1,255 @@
+// txc str: runs one vstring operation on a text and shows the result.
+//
+//   txc str OP TEXT [ARGS...]        e.g.  txc str trim "  a b  " 0
+//   txc str -e OP TEXT [ARGS...]     TEXT and ARGS read with \n \r \t \\ \xNN
+//
+// Text results are printed between brackets with control bytes, bytes of
+// 0x80 and up and the backslash as \xNN (txc_tool::visible), so blanks and
+// quotes can be counted. Numeric results are printed as numbers. No host is
+// registered: 0x93/0x94 are ordinary bytes, and dlgCase/sheetCase upper-case.
+#include "command.h"
+
+#include <txCommon/txCommon.h>
+
+#include <cctype>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+using txc_tool::Args;
+
+// What an operation hands back to the printer.
+struct Result {
+  bool isText;
+  std::string text;
+  long long number;
+};
+
+Result text_of(const vstring& s) { return {true, std::string(s.optr(), s.len()), 0}; }
+Result number_of(long long n) { return {false, std::string(), n}; }
+
+vstring arg_text(const std::string& a) { return vstring(a.data(), static_cast<txlong>(a.size())); }
+
+// Whole decimal number in the range of int; false otherwise.
+bool to_int(const std::string& text, int* out) {
+  if (text.empty()) return false;
+  errno = 0;
+  char* end = nullptr;
+  const long long v = std::strtoll(text.c_str(), &end, 10);
+  if (errno != 0 || *end != '\0' || v < -2147483647LL - 1 || v > 2147483647LL) return false;
+  *out = static_cast<int>(v);
+  return true;
+}
+
+// The arguments an operation reads, checked before it runs: T text, I int,
+// C one byte. Lower case marks an optional trailing argument.
+struct Op {
+  const char* name;
+  const char* args;     // e.g. "TII" or "Tii"
+  const char* meaning;  // one line for the listing
+  Result (*run)(vstring& s, const Args& a, const int* n);
+};
+
+// a[k] is the k-th argument behind TEXT; n[k] its value when numeric.
+#define TXT(k) arg_text(a[k])
+#define CH(k) (a[k].empty() ? '\0' : a[k][0])
+
+const Op kOps[] = {
+    // ---- editing and trimming
+    {"ltrim", "", "leading low blanks off", [](vstring& s, const Args&, const int*) { return text_of(s.ltrim()); }},
+    {"rtrim", "", "trailing low blanks off", [](vstring& s, const Args&, const int*) { return text_of(s.rtrim()); }},
+    {"rtrim1", "", "trailing spaces off", [](vstring& s, const Args&, const int*) { return text_of(s.rtrim1()); }},
+    {"trim", "i", "HIGHTOO: both ends", [](vstring& s, const Args& a, const int* n) { return text_of(s.trim(a.empty() ? 0 : n[0])); }},
+    {"itrim", "", "both ends in place", [](vstring& s, const Args&, const int*) { return text_of(s.itrim()); }},
+    {"TrimRight", "", "trailing low blanks off", [](vstring& s, const Args&, const int*) { s.TrimRight(); return text_of(s); }},
+    {"removeCharacter", "C", "BYTE: every such byte goes", [](vstring& s, const Args& a, const int*) { return text_of(s.removeCharacter(CH(0))); }},
+    {"removeWhiteSpace", "", "bytes 0x00-0x20 go", [](vstring& s, const Args&, const int*) { return text_of(s.removeWhiteSpace()); }},
+    {"removeWhiteSpacenq", "", "signed blanks go outside quotes", [](vstring& s, const Args&, const int*) { return text_of(s.removeWhiteSpacenq()); }},
+    {"dropchars", "T", "KINDS (a d w p): drop byte classes", [](vstring& s, const Args& a, const int*) { return text_of(s.dropchars(TXT(0))); }},
+    {"StripComments", "i", "ATCOMMAND: cut at the first ' outside quotes", [](vstring& s, const Args& a, const int* n) { return text_of(s.StripComments(a.empty() ? 0 : n[0])); }},
+    {"findCommentChar", "", "position of the comment", [](vstring& s, const Args&, const int*) { return number_of(s.findCommentChar()); }},
+    {"remove_parens", "", "one enclosing ( ) off", [](vstring& s, const Args&, const int*) { return text_of(s.remove_parens()); }},
+    {"remove_brackets", "", "one enclosing [ ] off", [](vstring& s, const Args&, const int*) { return text_of(s.remove_brackets()); }},
+    {"StripBraces", "", "leading { and trailing } off", [](vstring& s, const Args&, const int*) { return text_of(s.StripBraces()); }},
+    {"SurroundWithBraces", "", "{text}", [](vstring& s, const Args&, const int*) { return text_of(s.SurroundWithBraces()); }},
+    {"replace", "TTii", "FROM TO [FIRSTONLY CASEBLIND]", [](vstring& s, const Args& a, const int* n) { s.replace(TXT(0), TXT(1), a.size() > 2 ? n[2] : 0, a.size() > 3 ? n[3] : 0); return text_of(s); }},
+    {"caselessReplace", "TTi", "FROM TO [FIRSTONLY]", [](vstring& s, const Args& a, const int* n) { s.caselessReplace(TXT(0), TXT(1), a.size() > 2 ? n[2] : 0); return text_of(s); }},
+    {"replace_mult", "TTII", "FROM TO MAXCOUNT CASEBLIND", [](vstring& s, const Args& a, const int* n) { return text_of(s.replace_mult(TXT(0), TXT(1), n[2], n[3])); }},
+    {"replaceName", "TT", "FROM TO: first whole name", [](vstring& s, const Args& a, const int*) { const int r = s.replaceName(TXT(0), TXT(1)); std::printf("replaced: %d\n", r); return text_of(s); }},
+    {"insert", "TI", "PART POSITION", [](vstring& s, const Args& a, const int* n) { vstring part = TXT(0); return text_of(s.insert(part, n[1])); }},
+    {"insertPart", "TI", "PART OFFSET: overwrite from 0-based OFFSET", [](vstring& s, const Args& a, const int* n) { vstring part = TXT(0); s.insertPart(part, n[1]); return text_of(s); }},
+    {"TabToSpace", "", "tabs become blanks", [](vstring& s, const Args&, const int*) { return text_of(s.TabToSpace()); }},
+    {"CR_LF_to_LF", "", "every line end one LF", [](vstring& s, const Args&, const int*) { return text_of(s.CR_LF_to_LF()); }},
+    {"MakeAlphaNumeric", "t", "[EXTRA]: junk in front off", [](vstring& s, const Args& a, const int*) { std::string extra = a.empty() ? std::string() : a[0]; return text_of(s.MakeAlphaNumeric(extra.data(), static_cast<int>(extra.size()))); }},
+    {"bin2hex", "I", "N: first N bytes as hex", [](vstring& s, const Args&, const int* n) { return text_of(s.bin2hex(static_cast<unsigned>(n[0] < 0 ? 0 : n[0]))); }},
+    // ---- quoting and escapes
+    {"SurroundWithQuotes", "", "\"text\"", [](vstring& s, const Args&, const int*) { return text_of(s.SurroundWithQuotes()); }},
+    {"MakeQuoted", "", "\"text\" with inner quotes doubled", [](vstring& s, const Args&, const int*) { return text_of(s.MakeQuoted()); }},
+    {"AddQuotesIfNecessary", "i", "[IGNOREQUOTED]: MakeQuoted when white space", [](vstring& s, const Args& a, const int* n) { return text_of(s.AddQuotesIfNecessary(!a.empty() && n[0] != 0)); }},
+    {"StripQuotes", "", "outer quote bytes off", [](vstring& s, const Args&, const int*) { return text_of(s.StripQuotes()); }},
+    {"StripQuotesEx", "", "strict: outer pair off, inner undoubled", [](vstring& s, const Args&, const int*) { return text_of(s.StripQuotesEx()); }},
+    {"ConvertToDblQuotes", "", "double each quote byte", [](vstring& s, const Args&, const int*) { return text_of(s.ConvertToDblQuotes()); }},
+    {"ConvertFromDblQuotes", "", "undouble quote pairs", [](vstring& s, const Args&, const int*) { return text_of(s.ConvertFromDblQuotes()); }},
+    {"ConvertEscSequencesToAscii", "", "line ends to \\n, \\ to \\\\ (sic)", [](vstring& s, const Args&, const int*) { s.ConvertEscSequencesToAscii(); return text_of(s); }},
+    {"ConvertAsciiToEscSequences", "", "\\n \\r \\\\ back to bytes (sic)", [](vstring& s, const Args&, const int*) { s.ConvertAsciiToEscSequences(); return text_of(s); }},
+    // ---- search, comparison and hashing
+    {"instr", "Tii", "NEEDLE [OCCURRENCE START]", [](vstring& s, const Args& a, const int* n) { vstring nd = TXT(0); return number_of(s.instr(nd, a.size() > 1 ? static_cast<unsigned>(n[1]) : 1u, a.size() > 2 ? static_cast<unsigned>(n[2]) : 0u)); }},
+    {"rinstr", "Tii", "NEEDLE [OCCURRENCE LIMIT]", [](vstring& s, const Args& a, const int* n) { vstring nd = TXT(0); return number_of(s.rinstr(nd, a.size() > 1 ? static_cast<unsigned>(n[1]) : 1u, a.size() > 2 ? static_cast<unsigned>(n[2]) : 0u)); }},
+    {"instrc", "Cii", "BYTE [OCCURRENCE START]: byte form", [](vstring& s, const Args& a, const int* n) { return number_of(s.instr(CH(0), a.size() > 1 ? static_cast<unsigned>(n[1]) : 1u, a.size() > 2 ? static_cast<unsigned>(n[2]) : 0u)); }},
+    {"rinstrc", "Cii", "BYTE [OCCURRENCE LIMIT]: byte form", [](vstring& s, const Args& a, const int* n) { return number_of(a.size() > 1 ? s.rinstr(CH(0), static_cast<unsigned>(n[1]), a.size() > 2 ? static_cast<unsigned>(n[2]) : 0u) : s.rinstr(CH(0))); }},
+    {"incharnq", "C", "BYTE: first outside quotes", [](vstring& s, const Args& a, const int*) { return number_of(s.incharnq(static_cast<unsigned char>(CH(0)))); }},
+    {"CharCount", "C", "BYTE: how many", [](vstring& s, const Args& a, const int*) { return number_of(s.CharCount(CH(0))); }},
+    {"MatchingStartChars", "T", "OTHER: shared leading bytes", [](vstring& s, const Args& a, const int*) { return number_of(s.MatchingStartChars(TXT(0))); }},
+    {"compare", "T", "OTHER: the ordering rule", [](vstring& s, const Args& a, const int*) { return number_of(s.compare(TXT(0))); }},
+    {"compareX", "T", "OTHER: case-blind, then compare", [](vstring& s, const Args& a, const int*) { return number_of(s.compareX(TXT(0))); }},
+    {"CompareNoCase", "T", "OTHER", [](vstring& s, const Args& a, const int*) { return number_of(s.CompareNoCase(a[0].c_str())); }},
+    {"cmp", "TI", "OTHER N: bounded ordering", [](vstring& s, const Args& a, const int* n) { vstring o = TXT(0); return number_of(s.cmp(o, static_cast<unsigned>(n[1]))); }},
+    {"caselessEqual", "T", "OTHER", [](vstring& s, const Args& a, const int*) { return number_of(s.caselessEqual(TXT(0))); }},
+    {"isInteger", "", "", [](vstring& s, const Args&, const int*) { return number_of(s.isInteger()); }},
+    {"IsAlphaNumeric", "", "", [](vstring& s, const Args&, const int*) { return number_of(s.IsAlphaNumeric()); }},
+    {"hasWhiteSpace", "", "", [](vstring& s, const Args&, const int*) { return number_of(s.hasWhiteSpace()); }},
+    {"hasSeperator", "", "", [](vstring& s, const Args&, const int*) { return number_of(s.hasSeperator()); }},
+    {"hash", "", "32-bit hash", [](vstring& s, const Args&, const int*) { return number_of(s.hash()); }},
+    // ---- case conversion
+    {"upr", "", "upper case", [](vstring& s, const Args&, const int*) { return text_of(s.upr()); }},
+    {"lwr", "", "lower case", [](vstring& s, const Args&, const int*) { return text_of(s.lwr()); }},
+    {"uprnq", "", "upper case outside quotes", [](vstring& s, const Args&, const int*) { return text_of(s.uprnq()); }},
+    {"lwrnq", "", "lower case outside quotes", [](vstring& s, const Args&, const int*) { return text_of(s.lwrnq()); }},
+    {"dlgCase", "", "by the host's setting (none: upper)", [](vstring& s, const Args&, const int*) { return text_of(s.dlgCase(0)); }},
+    {"sheetCase", "", "by the host's setting (none: upper)", [](vstring& s, const Args&, const int*) { return text_of(s.sheetCase()); }},
+    {"capitalize", "", "lower case, first byte upper", [](vstring& s, const Args&, const int*) { return text_of(s.capitalize()); }},
+    {"titleCase", "II", "FIRSTWORDONLY LOWERREST", [](vstring& s, const Args&, const int* n) { return text_of(s.titleCase(n[0], n[1])); }},
+    {"isMixedCase", "", "", [](vstring& s, const Args&, const int*) { return number_of(s.isMixedCase()); }},
+};
+
+#undef TXT
+#undef CH
+
+// Reads \n \r \t \\ \" and \xNN; anything else stays as written.
+std::string unescape(const std::string& in) {
+  std::string out;
+  for (std::size_t i = 0; i < in.size(); ++i) {
+    if (in[i] != '\\' || i + 1 == in.size()) {
+      out += in[i];
+      continue;
+    }
+    const char c = in[++i];
+    if (c == 'n') out += '\n';
+    else if (c == 'r') out += '\r';
+    else if (c == 't') out += '\t';
+    else if (c == '\\' || c == '"') out += c;
+    else if (c == 'x' && i + 2 < in.size() && std::isxdigit(static_cast<unsigned char>(in[i + 1])) &&
+             std::isxdigit(static_cast<unsigned char>(in[i + 2]))) {
+      out += static_cast<char>(std::strtol(in.substr(i + 1, 2).c_str(), nullptr, 16));
+      i += 2;
+    } else {
+      out += '\\';
+      out += c;
+    }
+  }
+  return out;
+}
+
+const Op* find_op(const std::string& name) {
+  for (const Op& op : kOps) {
+    if (name == op.name) return &op;
+  }
+  return nullptr;
+}
+
+int usage_error(const std::string& what) {
+  std::fprintf(stderr, "txc str: %s (try 'txc help str')\n", what.c_str());
+  return 2;
+}
+
+void print(const Result& r) {
+  if (r.isText) {
+    std::printf("%s\n", txc_tool::visible(r.text.data(), r.text.size()).c_str());
+  } else {
+    std::printf("%lld\n", r.number);
+  }
+}
+
+int run(const Args& args) {
+  Args a = args;
+  bool escapes = false;
+  if (!a.empty() && a[0] == "-e") {
+    escapes = true;
+    a.erase(a.begin());
+  }
+  if (a.size() < 2) return usage_error("needs OP and TEXT");
+  const Op* op = find_op(a[0]);
+  if (op == nullptr) return usage_error("no operation '" + a[0] + "'");
+  if (escapes) {
+    for (std::size_t k = 1; k < a.size(); ++k) a[k] = unescape(a[k]);
+  }
+  vstring text = arg_text(a[1]);
+  const Args rest(a.begin() + 2, a.end());
+  const std::string pattern = op->args;
+  std::size_t required = 0;
+  for (char p : pattern) required += (p >= 'A' && p <= 'Z') ? 1 : 0;
+  if (rest.size() < required || rest.size() > pattern.size()) {
+    return usage_error(std::string(op->name) + " takes " + (pattern.empty() ? "no arguments" : op->meaning));
+  }
+  int numbers[8] = {0, 0, 0, 0, 0, 0, 0, 0};
+  for (std::size_t k = 0; k < rest.size(); ++k) {
+    const char kind = static_cast<char>(pattern[k] & ~0x20);
+    if (kind == 'I' && !to_int(rest[k], &numbers[k])) return usage_error("'" + rest[k] + "' is no number");
+    if (kind == 'C' && rest[k].size() != 1) return usage_error("'" + rest[k] + "' is not one byte");
+  }
+  print(op->run(text, rest, numbers));
+  return 0;
+}
+
+std::string build_usage() {
+  std::string u =
+      "txc str [-e] OP TEXT [ARGS...]\n"
+      "  Runs one vstring operation on TEXT and prints the result as [bytes], with\n"
+      "  control bytes, bytes of 0x80 and up and '\\' shown as \\xNN; numbers plain.\n"
+      "  -e reads TEXT and ARGS with the escapes \\n \\r \\t \\\\ \\\" \\xNN.\n"
+      "  No host is registered (0x93/0x94 are ordinary bytes).\n\nOperations:\n";
+  for (const Op& op : kOps) {
+    char line[160];
+    std::snprintf(line, sizeof line, "  %-27s %s\n", op.name, op.meaning);
+    u += line;
+  }
+  return u;
+}
+
+const std::string g_usage = build_usage();
+
+void tour() {
+  const char* samples[][3] = {
+      {"trim", "  x\xE9  ", "1"},
+      {"replace_mult", "aXa", nullptr},
+      {"MakeQuoted", "say \"hi\"", nullptr},
+      {"StripQuotesEx", "\"a\"\"b\"   ", nullptr},
+      {"StripQuotesEx", "\"a\" \"b\"", nullptr},
+      {"CR_LF_to_LF", "a\r\nb\n\rc", nullptr},
+      {"instr", "abcabc", nullptr},
+      {"titleCase", "aBC dEF", nullptr},
+  };
+  for (const auto& s : samples) {
+    Args a;
+    if (std::string(s[0]) == "replace_mult") a = {"a", "bb", "9999999", "0"};
+    else if (std::string(s[0]) == "instr") a = {"bc", "2", "0"};
+    else if (std::string(s[0]) == "titleCase") a = {"0", "1"};
+    else if (s[2] != nullptr) a = {s[2]};
+    std::string shown;
+    for (const std::string& x : a) shown += " " + x;
+    std::printf("  %-14s %s%s\n    -> ", s[0], txc_tool::visible(s[1]).c_str(), shown.c_str());
+    vstring text(s[1]);
+    const Op* op = find_op(s[0]);
+    int numbers[8] = {0, 0, 0, 0, 0, 0, 0, 0};
+    for (std::size_t k = 0; k < a.size(); ++k) to_int(a[k], &numbers[k]);
+    print(op->run(text, a, numbers));
+  }
+}
+
+const txc_tool::Registration kRegistration{txc_tool::Command{
+    "str", nullptr, "run one vstring text operation on a text", g_usage.c_str(), run, tour}};
+
+}  // namespace
