@@ -68,7 +68,7 @@ void BM_StdString_Find(benchmark::State& state) {
 }
 BENCHMARK(BM_StdString_Find)->Apply(SizeArgs);
 
-// rinstr is two forward passes by design; rfind is the peer a reader expects.
+// rinstr checks the places a match may start from the back, as rfind does.
 void BM_Vstring_Rinstr(benchmark::State& state) {
   const vstring text(statement_text(static_cast<std::size_t>(state.range(0))).c_str());
   bench::AllocScope allocs;

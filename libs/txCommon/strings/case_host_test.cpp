@@ -125,6 +125,29 @@ TEST(CaseHost, SettingComparedOverTempBufLen) {
   fakeHost().reset();
 }
 
+TEST(CaseHost, SettingWithZeroOrNegativeTempBufLen) {
+  struct Case {
+    int tempLen;
+    const char* answer;
+    const char* want;
+  } cases[] = {
+      {0, "0", "abc"},   // nothing compared: equal
+      {0, "", "abc"},
+      {-1, "1", "abc"},  // read unsigned: no bound
+      {-1, "12", "ABC"},
+      {-1, "", "ABC"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.tempLen << " [" << c.answer << "]");
+    fakeHost().reset();
+    fakeHost().tempLen = c.tempLen;
+    fakeHost().settings["pTarnixIni->SheetLowerCase"] = c.answer;
+    vstring s("AbC");
+    EXPECT_EQ(str(s.sheetCase()), c.want);
+  }
+  fakeHost().reset();
+}
+
 TEST(CaseHost, TitleCaseSendsHighBytesThroughTheHost) {
   fakeHost().reset();
   vstring s("\xE9T\xC9 ab");

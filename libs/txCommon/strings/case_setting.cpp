@@ -17,13 +17,14 @@ constexpr const char* kDialogLowerCase = "pTarnixIni->DlgLowerCase";
 constexpr const char* kSheetLowerCase = "pTarnixIni->SheetLowerCase";
 
 // _strnicmp(answer, "1", TempBufLen()) == 0. Within the bound only an answer
-// of exactly "1" is equal; a bound of 0 makes every answer equal.
+// of exactly "1" is equal; a bound of 0 makes every answer equal. The count
+// is unsigned, so a negative answer bounds nothing.
 bool setting_says_lower(const char* label) {
   ITXCommonCallback* h = txc::host();
   if (h == nullptr) return false;
   const vstring answer = h->QuerySetting(label);
   const int bound = txc::temp_buf_len();
-  if (bound <= 0) return true;
+  if (bound == 0) return true;
   const char* text = answer.optr();
   if (text[0] != '1') return false;
   return bound == 1 || text[1] == '\0';

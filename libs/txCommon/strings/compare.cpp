@@ -68,10 +68,11 @@ int bounded_order(const char* a, const char* b, std::size_t bound, std::size_t k
 }
 
 // The bound of the operators and caselessEqual: the scratch buffer's size,
-// which is also the longest text those operations are meant to see.
+// which is also the longest text those operations are meant to see. The
+// count is unsigned where it is used, so a host that answers a negative size
+// sets no bound at all rather than the smallest one.
 std::size_t temp_bound() {
-  const int n = txc::temp_buf_len();
-  return n > 0 ? static_cast<std::size_t>(n) : 0;
+  return static_cast<unsigned int>(txc::temp_buf_len());
 }
 
 // _strnicmp: both bytes folded to lower case, compared unsigned, over at most

@@ -49,11 +49,20 @@ int forward_text(const char* data, unsigned length, const char* needle,
 // places from the back, with no repeated forward passes. As with strstr, the
 // text ends at its first zero byte, and an empty needle also matches at the
 // terminator.
+//
+// The answer is forward match number (count up to `limit`) - occurrence + 1,
+// so occurrence 0 names the match after the last one counted: the first
+// match that starts behind `limit`.
 int reverse_text(const char* data, unsigned length, const char* needle,
                  unsigned occurrence, unsigned limit) {
-  if (data == nullptr || needle == nullptr || length == 0 || occurrence == 0) return 0;
+  if (data == nullptr || needle == nullptr || length == 0) return 0;
   if (limit == 0) limit = length;
   const std::size_t textLen = std::strlen(data);
+  if (occurrence == 0) {
+    if (limit > textLen) return 0;
+    const char* next = std::strstr(data + limit, needle);
+    return next == nullptr ? 0 : position_of(data, next);
+  }
   const std::size_t needleLen = std::strlen(needle);
   if (needleLen > textLen) return 0;
   // 0-based offset of the latest place a match may start.

@@ -60,6 +60,27 @@ TEST(SearchHost, OperatorsBoundedByHostTempBufLen) {
   fakeHost().reset();
 }
 
+// The bound is a count: 0 decides on the first pair, and a negative answer,
+// read unsigned, bounds nothing.
+TEST(SearchHost, OperatorsWithZeroOrNegativeTempBufLen) {
+  struct Case {
+    int tempLen;
+    int less;
+    int equalCaseless;
+  } cases[] = {{0, 0, 1}, {1, 0, 1}, {-1, 1, 0}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.tempLen);
+    fakeHost().reset();
+    fakeHost().tempLen = c.tempLen;  // the buffer itself is not touched here
+    vstring a("abcdefghX"), b("abcdefghY");
+    EXPECT_EQ(a < b, c.less);
+    EXPECT_EQ(a >= b, 1 - c.less);
+    EXPECT_EQ(a.caselessEqual(b), c.equalCaseless);
+    EXPECT_EQ(a.caselessEqual("ABCDEFGHY"), c.equalCaseless);
+  }
+  fakeHost().reset();
+}
+
 TEST(SearchHost, CompareNoCaseCopyReportsHugeArgument) {
   fakeHost().reset();
   std::string huge(64000000, 'q');

@@ -93,6 +93,9 @@ TEST(Search, InstrMatchesStrstrOnRandomText) {
       const int want = k <= upTo.size() ? upTo[upTo.size() - k] : 0;
       ASSERT_EQ(s.rinstr(needle.c_str(), k, limit), want) << "limit " << limit << " occurrence " << k;
     }
+    // Occurrence 0 names forward match number count + 1: the next one behind the limit.
+    const int behind = upTo.size() < matches.size() ? matches[upTo.size()] : 0;
+    ASSERT_EQ(s.rinstr(needle.c_str(), 0, limit), behind) << "limit " << limit << " occurrence 0";
     for (unsigned k = 1; k <= matches.size() + 1; ++k) {
       const int want = k <= matches.size() ? matches[k - 1] : 0;
       ASSERT_EQ(s.instr(needle.c_str(), k, 0), want) << "occurrence " << k;
@@ -140,7 +143,12 @@ TEST(Search, RinstrTextForms) {
       {"too many", "abab", "ab", 3, 0, 0},
       {"limit equal to match start", "abab", "ab", 1, 3, 3},
       {"limit beyond length", "abab", "ab", 1, 99, 3},
-      {"occurrence 0", "abab", "ab", 0, 0, 0},
+      {"occurrence 0: no match behind the length", "abab", "ab", 0, 0, 0},
+      {"occurrence 0: the first match behind limit", "abab", "ab", 0, 2, 3},
+      {"occurrence 0: none behind limit", "abab", "ab", 0, 3, 0},
+      {"occurrence 0: none up to limit either", "xxab", "ab", 0, 1, 3},
+      {"occurrence 0, empty needle: the terminator", "abc", "", 0, 0, 4},
+      {"occurrence 0, limit far beyond", "abab", "ab", 0, 99, 0},
       {"overlapping", "aaaa", "aa", 1, 0, 3},
       {"empty hay", "", "", 1, 0, 0},
       {"empty needle: last position within limit", "abc", "", 1, 0, 3},
