@@ -328,10 +328,15 @@ bool parse_date_text(int& day, int& tics, int& frequency, int& step, const char*
 
   Result out;
   if (!interpret(out, f, freq, hint)) return fail();
-  if (zone != kNoZone && out.day >= 0 && !apply_zone(out, zone)) return fail();
+  if (zone != kNoZone && out.day >= 0 && !apply_zone(out, zone)) {
+    // The text was a date; only its universal time is off the calendar. The
+    // bytes stay consumed, so that a caller steps over the whole date.
+    out.day = -1;
+    out.tics = -1;
+  }
   day = out.day;
   tics = out.tics;
   frequency = out.frequency;
   step = out.step;
-  return true;
+  return day != -1 || tics != -1;
 }

