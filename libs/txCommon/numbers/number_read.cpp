@@ -226,7 +226,9 @@ void read_percent_and_implied(Reading& r, const NumFormat& format) {
     ++r.in.pos;
     r.exponent -= 2;
     r.exponent_seen = true;
-    if (!(r.flags & NF_PERCENT)) r.note();
+    // An unexpected '%' overrides even a syntax status of the steps before
+    // (a missing exponent under letter `e`, a bad group): the value is read.
+    if (!(r.flags & NF_PERCENT)) r.status = NUM_NOTE;
   }
   if (format.letter == 's' && !r.point && !r.exponent_seen) {
     r.exponent -= format.precision;
@@ -235,11 +237,14 @@ void read_percent_and_implied(Reading& r, const NumFormat& format) {
 
 // Decimal scaling of the signed mantissa m. Only a stated exponent is tested
 // for overflow; L is the decimal exponent of the first kept digit. The test
-// looks at the exponent alone, so "0e999" overflows to infinity as well.
+// looks at the exponent alone, so "0e999" overflows to infinity as well. At L
+// of 308 the leading digits are compared with the signed m, so a negative
+// mantissa never trips that test: "-1.8e308" runs into minus infinity by the
+// arithmetic of the scaling, without ERANGE.
 double scale_decimal(Reading& r, double m) {
   if (r.exponent != 0) {
     const long long lead = r.dropped + r.exponent - r.point_zeros + r.before_point - 1;
-    const double top = r.kept > 0 ? std::fabs(m) / Pow10Table[r.kept - 1] : 0.0;
+    const double top = r.kept > 0 ? m / Pow10Table[r.kept - 1] : 0.0;
     if (lead > 308 || (lead == 308 && top > 1.7976931348623157)) {
       errno = ERANGE;
       return r.sign == '+' ? HUGE_VAL : -HUGE_VAL;

@@ -150,6 +150,14 @@ const Case kCases[] = {
     {"g p17 of 1.1", 1.1, 'g', 17, 0, 0, 0, "1.1", 0},
     {"g p16 of 1.1", 1.1, 'g', 16, 0, 0, 0, "1.1", 0},
     {"bad letter", 1, 'q', 2, 0, 0, 0, "", 3},
+    {"i adds 0.5, rounded to even", 4503599627370497.0, 'i', 999, 0, 0, 0, "4503599627370498", 0},
+    {"h of zero", 0.0, 'h', 999, 0, 0, 0, "0", 0},
+    {"o zero fill", 8, 'o', 4, 0, 0, 0, "0010", 0},
+    {"s negative precision", 123456, 's', -2, 0, 0, 0, "1235", 0},
+    {"p of zero", 0.0, 'p', 1, NF_PERCENT, 0, 0, "0.0%", 0},
+    // Scaled a hair below 10^14 (10^16), these would cut a leading zero digit.
+    {"power of ten, truncated", 1e-291, 'e', 2, NF_TRUNCATE, 0, 0, "1.00e-291", 0},
+    {"power of ten, 17 digits", 1e-277, 'g', 17, 0, 0, 0, "1e-277", 0},
 };
 
 TEST(WriteNumber, WorkedCases) {
@@ -255,6 +263,60 @@ TEST(WriteNumber, RoundTripsThroughReader) {
       double back = 0;
       ASSERT_EQ(ReadNumber(reader, w.text.c_str(), 100, nullptr, &back, nullptr), NUM_OK) << w.text;
       EXPECT_EQ(back, v) << seed << " as " << letter << " -> " << w.text;
+    }
+  }
+}
+
+// The letters that carry their scale in the text: `p` with its '%', `s` with
+// implied decimals read back under the same precision, and `c` in a column
+// of 17 bytes (sign place, 15 digits, point). Each keeps the 15 digits the
+// value was made from, and the reader of the same letter undoes the scale.
+TEST(WriteNumber, ScaledLettersRoundTrip) {
+  std::mt19937_64 rng(2718);
+  std::uniform_real_distribution<double> mant(1.0, 10.0);
+  std::uniform_int_distribution<int> expo(-290, 290);
+  const NumFormat reader{'g', 0, 0, 0, 999};
+  int checked = 0;
+  for (int i = 0; i < 20000; ++i) {
+    char seed[40];
+    std::snprintf(seed, sizeof seed, "%.14e", mant(rng) * std::pow(10.0, expo(rng)) * ((i & 1) ? -1 : 1));
+    if (std::strchr(seed, 'e')[-1] == '0') continue;
+    double v = 0;
+    ASSERT_EQ(ReadNumber(reader, seed, 40, nullptr, &v, nullptr), NUM_OK) << seed;
+    const int x = static_cast<int>(std::floor(std::log10(std::fabs(v)))) + 1;  // integer digits
+    struct Form { char letter; int precision; unsigned flags; bool usable; };
+    const Form forms[] = {
+        {'p', 15 - (x + 2), NF_PERCENT, x + 2 <= 15 && 15 - (x + 2) <= 60},
+        {'s', 15 - x, 0, true},
+        {'c', 17, 0, x >= 1 && x <= 14},
+    };
+    for (const Form& form : forms) {
+      if (!form.usable) continue;
+      const Written w = write(v, form.letter, form.precision, form.flags, 0, 0, 100);
+      const NumFormat back_form{form.letter, 0, form.flags, 0, form.precision};
+      double back = 0;
+      ASSERT_LE(ReadNumber(back_form, w.text.c_str(), 100, nullptr, &back, nullptr), NUM_NOTE) << w.text;
+      EXPECT_EQ(back, v) << seed << " as " << form.letter << form.precision << " -> " << w.text;
+      ++checked;
+    }
+  }
+  EXPECT_GT(checked, 15000);
+}
+
+// Integers below 2^52 are exact in every base letter both ways. (From 2^52
+// on, the 0.5 added for rounding is itself rounded to even, and an odd value
+// writes as its even neighbour above.)
+TEST(WriteNumber, IntegerLettersRoundTrip) {
+  std::mt19937_64 rng(31);
+  for (int i = 0; i < 20000; ++i) {
+    const double v = static_cast<double>(rng() >> (12 + i % 50)) * ((i & 1) ? -1 : 1);
+    for (const char letter : {'i', 'h', 'o', 'b'}) {
+      const Written w = write(v, letter, 999, 0, 0, 0, 100);
+      ASSERT_EQ(w.status, NUM_OK) << v;
+      const NumFormat reader{letter, 0, 0, 0, 999};
+      double back = 0;
+      ASSERT_EQ(ReadNumber(reader, w.text.c_str(), 100, nullptr, &back, nullptr), NUM_OK) << w.text;
+      EXPECT_EQ(back, v) << letter << ' ' << w.text;
     }
   }
 }

