@@ -50,6 +50,9 @@ const char* write_into_number_text(double value, const NumFormat& format) {
   return text;
 }
 
+// The smallest code whose width is clamped to INT_MAX: 2^31.
+constexpr float kClampedWidth = 2147483648.0f;
+
 // A float code truncated toward zero and clamped to the range of int; a NaN
 // gives 0. float(INT_MAX) rounds up to 2^31, hence the test on >=.
 int truncate_code(float code) {
@@ -114,12 +117,14 @@ const char* FormatSpec(double value, float spec, unsigned int flags) {
     format.letter = 'f';
     format.width = truncate_code(spec);
     // In single precision on purpose: the code is a float, and its first
-    // decimal must come out as the caller wrote it.
+    // decimal must come out as the caller wrote it. A code just below the
+    // next integer reads as 10 decimals: 8.99995f gives 9.9995 tenths, and
+    // the allowance lifts that to 10.
     const float tenths = (spec - static_cast<float>(format.width)) * 10.0f;
     const double decimals = static_cast<double>(tenths) + kDecimalAllowance;
-    // Beyond the range of int the fraction is meaningless (and infinite for
-    // an infinite code): no decimals.
-    format.precision = decimals >= 0.0 && decimals < 10.0 ? static_cast<int>(decimals) : 0;
+    // Beyond the range of int the width was clamped and the "fraction" is
+    // meaningless (infinite for an infinite code): no decimals.
+    format.precision = spec < kClampedWidth ? static_cast<int>(decimals) : 0;
   } else {
     format.letter = 'E';
     format.width = 0;

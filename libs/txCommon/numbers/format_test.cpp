@@ -9,9 +9,11 @@
 #include <clocale>
 #include <cmath>
 #include <cstdio>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -98,6 +100,22 @@ TEST(FormatSpec, WidthDecimalsAndExponentCodes) {
       {1234.5678, 5.0f, 0, " 1235"},
       {1234.5678, 1.5f, 0, " 1234.56780"},
       {1.5, 20.9f, 0, "         1.500000000"},
+      // Just below the next integer the tenths come to 9.999.., and the
+      // allowance makes them 10 decimals.
+      {1.5, 8.99995f, 0, " 1.5000000000"},
+      {-1.5, 1.99999f, 0, "-1.5000000000"},
+      {1.5, 8.9999f, 0, " 1.500000000"},
+      {1e30, 8.99995f, 0, "###########"},
+      {1e30, 20.9f, 0, "##########"},
+      {1234.5678, 99.99f, 0, "                1234.567800000"},  // width capped at 30
+      {1234.5678, 1.0000001f, 0, " 1235"},
+      {1234.5678, 0.9999999f, 0, " 1.2345678000000000E+03"},
+      {1234.5678, 0.29f, 0, " 1.2345678000000000E+03"},
+      {1234.5678, 0.07f, 0, " 1.2345678E+03"},
+      {1234.5678, -0.5f, 0, " 1235"},     // truncates to iformat 0
+      {1234.5678, -1000.9f, 0, " 1e+03"},  // iformat -1000
+      {-0.0, 8.2f, 0, "    0.00"},
+      {-0.0, 0.0f, 0, "-0"},  // as printf has it
       {1234.5678, 0.03f, 0, " 1.235E+03"},
       {1234.5678, 0.01f, 0, " 1.2E+03"},
       {1234.5678, 0.001f, 0, " 1E+03"},
@@ -216,6 +234,34 @@ TEST(CStyleTexts, AgreeWithSnprintf) {
   }
 }
 
+// Every finite double is fair game: random bit patterns cover subnormals and
+// the ends of the range, where the cut to 31 bytes and the exponent's third
+// digit show.
+TEST(CStyleTexts, AgreeWithSnprintfOnAnyBitPattern) {
+  RndGenKnuth02 gen;
+  gen.Seed(77);
+  const double ends[] = {DBL_MAX, -DBL_MAX, DBL_MIN, 4.9e-324, -4.9e-324, 0.1, 5e-7, 1e16,
+                         999999999999.5, 0.5, -0.0, 1e22, 1e23, 123456789012345678.0};
+  for (int i = 0; i < 40000; ++i) {
+    double v = 0;
+    if (i < static_cast<int>(sizeof ends / sizeof ends[0])) {
+      v = ends[i];
+    } else {
+      const auto hi = static_cast<std::uint64_t>(gen.NextUniform() * 4294967296.0);
+      const auto lo = static_cast<std::uint64_t>(gen.NextUniform() * 4294967296.0);
+      const std::uint64_t bits = hi << 32 | lo;
+      std::memcpy(&v, &bits, sizeof v);
+      if (!std::isfinite(v)) continue;
+    }
+    char want[400];
+    std::snprintf(want, sizeof want, "%.12g", v);
+    ASSERT_STREQ(FormatSpec(v, 0.0f, 0), want) << i;
+    std::snprintf(want, sizeof want, "%lf", v);
+    want[31] = '\0';
+    ASSERT_STREQ(strFormat(v), want) << i;
+  }
+}
+
 TEST(CStyleTexts, StrFormatCasesAndCut) {
   struct Case {
     double value;
@@ -241,7 +287,7 @@ TEST(CStyleTexts, StrFormatCasesAndCut) {
 }
 
 // The plain roads keep '.' when the process runs under a decimal-comma
-// locale. Skipped where no such locale is installed; one can be made without
+// locale. Where none is installed another locale stands in; one can be made without
 // root: localedef -i de_DE -f UTF-8 DIR/de_DE.UTF-8, then run with LOCPATH=DIR.
 TEST(CStyleTexts, IgnoreTheProcessLocale) {
   const char* names[] = {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8", "German_Germany.1252"};
@@ -253,17 +299,46 @@ TEST(CStyleTexts, IgnoreTheProcessLocale) {
       break;
     }
   }
-  if (!found) GTEST_SKIP() << "no decimal-comma locale installed";
+  // Without one, any other locale still shows that nothing reads it.
+  if (!found && std::setlocale(LC_ALL, "C.UTF-8") == nullptr &&
+      std::setlocale(LC_ALL, "") == nullptr) {
+    GTEST_SKIP() << "no locale other than C";
+  }
   char probe[16];
   std::snprintf(probe, sizeof probe, "%.1f", 2.5);  // the C library does follow it
   const std::string g = FormatSpec(1234.5678, 0.0f, 0);
   const std::string lf = strFormat(2.25);
   const std::string fixed = FormatSpec(2.25, 8.2f, 0);
+  const std::string digits = FormatDigits(-2.25, -1001);
+  StringSpool sp;
+  sp += 0.25;
+  const std::string spooled = sp.optr();
+  std::setlocale(LC_ALL, "C");
   std::setlocale(LC_NUMERIC, saved.c_str());
-  EXPECT_STREQ(probe, "2,5");
+  if (found) {
+    EXPECT_STREQ(probe, "2,5");
+  }
+  EXPECT_EQ(digits, "-2.3e+00");
+  EXPECT_EQ(spooled, "0.25");
   EXPECT_EQ(g, "1234.5678");
   EXPECT_EQ(lf, "2.250000");
   EXPECT_EQ(fixed, "    2.25");
+}
+
+// Each thread formats into its own number text: a pointer another thread got
+// keeps its text.
+TEST(CStyleTexts, NumberTextBelongsToTheThread) {
+  const char* mine = strFormat(1.5);
+  const char* theirs = nullptr;
+  std::string theirText;
+  std::thread t([&] {
+    theirs = strFormat(-2.0);
+    theirText = FormatDigits(7.0, 1);
+  });
+  t.join();
+  EXPECT_NE(mine, theirs);
+  EXPECT_STREQ(mine, "1.500000");
+  EXPECT_EQ(theirText, " 7.0");
 }
 
 TEST(SpoolNumber, GFormWithSeventeenDigits) {

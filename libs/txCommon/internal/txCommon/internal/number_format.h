@@ -45,7 +45,8 @@ const char* FormatDigits(double value, int digits);
 // spec 0.0 (or a NaN spec): the "%.12g" text, no leading blank, `flags`
 // unused. spec < 0: FormatDigits(value, spec truncated). spec > 1: letter 'f',
 // width the integer part, decimals the first decimal of the code (8.25 reads
-// as 8.2). 0 < spec <= 1: letter 'E' with spec * 100 decimals (0.03 -> 3).
+// as 8.2; a code a hair below the next integer, as 8.99995, gives 10).
+// 0 < spec <= 1: letter 'E' with spec * 100 decimals (0.03 -> 3).
 // `flags` are NF_ bits for WriteNumber, NF_BLANK always added. Codes beyond
 // the range of int are clamped to it.
 const char* FormatSpec(double value, float spec, unsigned int flags);
