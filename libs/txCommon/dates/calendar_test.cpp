@@ -72,6 +72,37 @@ TEST(Calendar, SampledDaysAgreeWithTheOracle) {
   }
 }
 
+// Every day's calendar fields, folded by 64-bit FNV-1a over their 32-bit
+// values in the order year, month, day, day of year, weekday, ISO year, ISO
+// week. The expected digest comes from Python's datetime over the same days
+// (date.fromordinal(day + 1), its isocalendar() and isoweekday()), so this
+// checks the whole day line against a second, unrelated calendar; the way
+// back from each field must land on the same day.
+TEST(Calendar, EveryDayMatchesPythonDatetimeDigest) {
+  constexpr std::uint64_t kPythonDigest = 0xf4ef26833e1e4069ULL;
+  std::uint64_t digest = 0xcbf29ce484222325ULL;
+  const auto fold = [&digest](int v) {
+    digest = (digest ^ static_cast<std::uint32_t>(v)) * 0x100000001b3ULL;
+  };
+  int wrongWayBack = 0;
+  for (int day = 0; day <= CDateMin::GREGDAY_MAX; ++day) {
+    int y, m, d, yy, yddd, isoYear, isoWeek;
+    CDateMin::gregday_to_ymd(day, y, m, d);
+    CDateMin::gregday_to_yddd(day, yy, yddd);
+    gregday_to_isoweek(day, isoYear, isoWeek);
+    const int weekday = day % 7 + 1;
+    for (int v : {y, m, d, yddd, weekday, isoYear, isoWeek}) fold(v);
+    int fromYmd = -7, fromYddd = -7, fromIso = -7;
+    CDateMin::ymd_to_gregday(fromYmd, y, m, d, false);
+    CDateMin::yddd_to_gregday(fromYddd, yy, yddd);
+    if (isoYear <= 9999) isoweek_to_gregday(fromIso, isoYear, isoWeek);
+    if (fromYmd != day || fromYddd != day || (isoYear <= 9999 && fromIso + weekday - 1 != day)) {
+      if (++wrongWayBack <= 5) ADD_FAILURE() << "day " << day << " does not come back";
+    }
+  }
+  EXPECT_EQ(digest, kPythonDigest);
+}
+
 TEST(Calendar, OracleItselfMatchesPublishedOrdinals) {
   // Python: date(y, m, d).toordinal() - 1.
   struct Case { int y, m, d, day; };

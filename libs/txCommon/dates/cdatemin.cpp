@@ -115,8 +115,14 @@ void CDateMin::split(DateFormatMin kind, double* out) const { split_date(gregday
 bool CDateMin::make_date(int& gregday, int& tics, DateFormatMin kind, int a, int b, int c,
                          bool addCentury) {
   if (!make_supports(kind)) {
+    // The kind is refused, but the pair still ends in one of the three forms:
+    // a missing time becomes 0 and the day is range-tested as for any kind,
+    // so an invalid pair stays invalid instead of turning into a raw count.
     if (tics == -1) tics = 0;
     txc::assert_failed(__FILE__, __LINE__);
+    if (static_cast<unsigned>(gregday) <= static_cast<unsigned>(GREGDAY_MAX)) return true;
+    gregday = -1;
+    tics = -1;
     return false;
   }
   return date_make(gregday, tics, kind, a, b, c, addCentury);

@@ -71,11 +71,18 @@ TEST_F(DateAsserts, KindsThePublicRoadDoesNotTake) {
   }
 }
 
-TEST_F(DateAsserts, MakeOnAnUnsupportedKindChangesOnlyAMissingTime) {
+TEST_F(DateAsserts, MakeOnAnUnsupportedKindOnlyTestsTheDay) {
   int day = 10, tics = -1;
-  EXPECT_FALSE(CDateMin::make_date(day, tics, DF_YYYYQ, 19994, 0, 0, false));
+  EXPECT_TRUE(CDateMin::make_date(day, tics, DF_YYYYQ, 19994, 0, 0, false));
   EXPECT_EQ(day, 10);
   EXPECT_EQ(tics, 0);
+  EXPECT_EQ(asserts(), 1u);
+  fakeHost().reset();
+  day = -1;
+  tics = -1;
+  EXPECT_FALSE(CDateMin::make_date(day, tics, DF_YYYYQ, 19994, 0, 0, false));
+  EXPECT_EQ(day, -1);
+  EXPECT_EQ(tics, -1);
   EXPECT_EQ(asserts(), 1u);
 }
 

@@ -91,8 +91,13 @@ TEST(CDateMin, MakeDateIntegers) {
       {"msec on invalid", DF_MSEC, 1, 0, 0, false, -1, -1, false, -1, -1},
       {"hms on invalid", DF_HMS, 1, 0, 0, false, -1, -1, true, 0, 3600000},
       {"seconds 1970", DF_SECONDS_1970, 0, 0, 0, false, -1, -1, true, 719162, 0},
-      {"not on this road", DF_YYYYMMDD, 19991231, 0, 0, false, 10, -1, false, 10, 0},
-      {"no raw counts", DF_RAW_COUNT, 1, 0, 0, false, 10, 5, false, 10, 5},
+      // A kind this road refuses leaves a calendar day as it is (true) and an
+      // invalid pair invalid, never a raw count.
+      {"not on this road", DF_YYYYMMDD, 19991231, 0, 0, false, 10, -1, true, 10, 0},
+      {"not on this road, invalid", DF_YYYYMMDD, 19991231, 0, 0, false, -1, -1, false, -1, -1},
+      {"no raw counts", DF_RAW_COUNT, 1, 0, 0, false, 10, 5, true, 10, 5},
+      {"no raw counts, invalid", DF_RAW_COUNT, 1, 0, 0, false, -1, -1, false, -1, -1},
+      {"no raw counts, raw", DF_TICS_OF_DAY, 1, 0, 0, false, -2, 5, false, -1, -1},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.label);
@@ -150,6 +155,20 @@ TEST(CDateMin, SplitDate) {
   a = b = c = 9;
   CDateMin::split_date(-1, -1, DF_HMS, &a, &b, &c);
   EXPECT_EQ(a + b + c, 0);
+  // A fraction that rounded up to a whole day divides into 24:00:00.
+  CDateMin full(0.99999999999);
+  full.split(DF_HMS, &a, &b, &c);
+  EXPECT_EQ(a * 10000 + b * 100 + c, 240000);
+}
+
+TEST(CDateMin, RefusedKindsKeepTheForm) {
+  CDateMin none;
+  EXPECT_FALSE(none.set(DF_DAYS_1960, 5.0));  // the double road hands it to the integer one
+  EXPECT_FALSE(none.is_valid());
+  EXPECT_FALSE(none.is_rawint());
+  CDateMin day(DF_YMD, 1999, 12, 31);
+  EXPECT_TRUE(day.set(DF_YYYYQ, 19994.0));
+  EXPECT_EQ(day.gregday, oracle::day(1999, 12, 31));
 }
 
 TEST(CDateMin, MembersRoundTrip) {

@@ -203,7 +203,9 @@ bool date_make(int& day, int& tics, int kind, int a, int b, int c, bool addCentu
       break;
     case DF_MSEC:
       if (static_cast<unsigned>(a) > 999u) return false;
-      tics = tics / 1000 * 1000 + a;
+      // The time in the pair may be anything a caller holds: 64 bits, then
+      // wrapped, so that a garbage one can't overflow.
+      tics = static_cast<int>(static_cast<Wide>(tics) / 1000 * 1000 + a);
       break;
     case DF_RAW_COUNT:
       if (static_cast<unsigned>(a) >= static_cast<unsigned>(kTicsPerDay)) return false;

@@ -39,14 +39,25 @@ CalendarFields calendar_of(int day) {
   return f;
 }
 
-// Time of day; all 0 unless tics is 1 to 86399999.
 struct ClockFields {
   int hours, minutes, seconds;
 };
 
+// Time of day for the local stamp; all 0 unless tics is 1 to 86399999.
 ClockFields clock_of(int tics) {
   ClockFields c{};
   CDateMin::tics_to_hms(tics, c.hours, c.minutes, c.seconds);
+  return c;
+}
+
+// Time of day by plain division, for the time kinds: unlike clock_of it
+// doesn't zero a tics of a whole day (86400000, which assignment from a
+// double can store) but shows it as 24:00:00.
+ClockFields divide_tics(int tics) {
+  ClockFields c{};
+  c.hours = tics / CDateMin::TICS_PER_HOUR;
+  c.minutes = tics / CDateMin::TICS_PER_MIN % 60;
+  c.seconds = tics / CDateMin::TICS_PER_SEC % 60;
   return c;
 }
 
@@ -129,20 +140,20 @@ void split_time(int day, int tics, int kind, int* a, int* b, int* c) {
     }
     case DF_SECOND_OF_DAY: *a = tics / CDateMin::TICS_PER_SEC; return;
     case DF_HMS: {
-      const ClockFields t = clock_of(tics);
+      const ClockFields t = divide_tics(tics);
       *a = t.hours;
       *b = t.minutes;
       *c = t.seconds;
       return;
     }
     case DF_HHMM_S: {
-      const ClockFields t = clock_of(tics);
+      const ClockFields t = divide_tics(tics);
       *a = t.hours * 100 + t.minutes;
       *b = t.seconds;
       return;
     }
     case DF_HHMMSS: {
-      const ClockFields t = clock_of(tics);
+      const ClockFields t = divide_tics(tics);
       *a = (t.hours * 100 + t.minutes) * 100 + t.seconds;
       return;
     }

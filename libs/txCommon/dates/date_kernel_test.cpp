@@ -143,6 +143,7 @@ const MakeCase kMakeCases[] = {
     {"msec", DF_MSEC, 999, 0, 0, false, 10, 1234, true, 10, 1999},
     {"msec 1000", DF_MSEC, 1000, 0, 0, false, 10, 1234, false, 10, 1234},
     {"msec on invalid", DF_MSEC, 5, 0, 0, false, -1, -1, false, -1, -1},
+    {"msec on a garbage time wraps", DF_MSEC, 999, 0, 0, false, 10, INT_MAX, true, 10, -2147483297},
     {"raw 0", DF_RAW_COUNT, 0, 0, 0, false, 10, 10, true, -1, 0},
     {"raw 1", DF_RAW_COUNT, 1, 0, 0, false, -1, -1, true, -1, 1},
     {"raw a day", DF_RAW_COUNT, 86400000, 0, 0, false, 10, 10, false, 10, 10},
@@ -299,6 +300,12 @@ const SplitCase kSplitCases[] = {
     {"hms 0", 5, 0, DF_HMS, 0, 0, 0},
     {"hhmm s", 5, 45015000, DF_HHMM_S, 1230, 15, kKeep},
     {"hhmmss", 5, 86399000, DF_HHMMSS, 235959, kKeep, kKeep},
+    // tics of a whole day, which assignment from a double can leave: plain
+    // division, not the zeroes of tics_to_hms
+    {"hms whole day", 5, 86400000, DF_HMS, 24, 0, 0},
+    {"hhmm s whole day", 5, 86400000, DF_HHMM_S, 2400, 0, kKeep},
+    {"hhmmss whole day", 5, 86400000, DF_HHMMSS, 240000, kKeep, kKeep},
+    {"hms ms dropped", 5, 3723999, DF_HMS, 1, 2, 3},
     {"tics", 5, 12345, DF_TICS_OF_DAY, 12345, kKeep, kKeep},
     {"msec", 5, 12345, DF_MSEC, 345, kKeep, kKeep},
     {"raw -2", -2, 5, DF_RAW_COUNT, 86400005, kKeep, kKeep},

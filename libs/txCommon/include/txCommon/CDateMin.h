@@ -195,7 +195,8 @@ public:
   // From integers. Both out-parameters are inputs too: a time kind keeps the
   // day and a date kind the time (tics -1 becomes 0 first). On failure the
   // invalid form and false, except the time kinds that keep the day. Kinds
-  // this road has no row for report AssertFailed and change nothing.
+  // this road has no row for report AssertFailed and leave the pair as it is
+  // (true) if it holds a calendar day, else make it invalid (false).
   static bool make_date(int& gregday, int& tics, DateFormatMin kind, int a, int b, int c,
                         bool addCentury);
   // From doubles. An argument that is not finite or beyond 32 bits gives the
