@@ -141,7 +141,7 @@ public:
   int instr(char c) const;
   int inchar(int c) const;
   // Among the matches starting at or before `limit`, the `occurrence`-th from
-  // the back.
+  // the back; occurrence 0 gives the first match behind `limit`.
   int rinstr(vstring& needle, unsigned int occurrence = 1, unsigned int limit = 0) const;
   int rinstr(const char* needle, unsigned int occurrence = 1, unsigned int limit = 0) const;
   int rinstrsub(char* const needle, unsigned int occurrence = 1, unsigned int limit = 0) const;
@@ -306,7 +306,9 @@ public:
   void caselessReplace(vstring from, vstring to, int firstOnly);
   vstring& replace_mult(vstring from, vstring to, int maxCount, int caseBlind);
   // from[k] -> to[k] in one left-to-right pass, each search going on behind
-  // the previous match; entries are expected in their order in the text.
+  // the previous match; entries are expected in their order in the text (one
+  // not found still appends to[k], and the search point falls back to
+  // len(from[k])).
   void replace_mult(vstringArray& from, vstringArray& to, int caseBlind);
   // Replaces the first whole-name match of `from` (name bytes: $ 0-9 A-Z _);
   // 1 when it did, else 0.
@@ -410,6 +412,217 @@ public:
   // minLength..maxLength characters of [0-9a-z] from the C-style rand() pair
   // of the calling thread; reseeded from the clock unless keepSeed.
   static vstring GetRandomAlphaNumericString(int minLength, int maxLength, bool keepSeed);
+
+  // ---- word lists: scanning and positions ---------------------------------
+  // (words/word_position.cpp, words/word_element.cpp, words/word_break.cpp)
+  //
+  // A word list is any text read as words. A word starts at a byte above
+  // 0x20 and ends at a byte 0x01-0x20 met outside double quotes and outside
+  // round parentheses; a ')' closing the outer pair also ends it unless one of
+  // * + - . / < = > ^ follows. Unclosed quotes or parentheses run to the end.
+  // Quote bytes are '"' and, under a host whose code page is 1252, 0x93/0x94.
+  //
+  //   vstring s("a  (b c)d \"e f\"");
+  //   s.WCount();     // 4: a, (b c), d, "e f"
+  //   s.WMid(2, 2);   // "(b c) d" : words joined by one blank
+  //   s.WordQ(4);     // ["e f"] with its quotes;  s.Word(4);  // [e f]
+  //
+  // Positions count from 1; a position or count below 1 gives an empty
+  // result, and words past the last are simply missing.
+  int WCount() const;
+  vstring& WMid(int first, int count) const;
+  vstring& WLeft(int n) const;
+  // The last n words; when n covers the whole list, the text exactly as it
+  // stands (blanks and all). Empty while the host has an error pending.
+  vstring& WRight(int n) const;
+  // Word n with its quotes; Word() takes the outer pair off (StripQuotesEx).
+  vstring& WordQ(int n) const;
+  vstring& Word(int n) const;
+  // Element n, counted from 0, of the runs of bytes 0x21-0x7F: no quotes, no
+  // parentheses, and bytes from 0x80 up separate. An element longer than the
+  // scratch buffer (TempBufLen()) is cut to that length.
+  vstring& GetElement(int n);
+  // The text cut before the last byte at or below offset n that is a blank,
+  // a control byte or a byte from 0x80 up, as a temporary; *this itself when
+  // the text is not longer than n. A negative n gives an empty temporary.
+  vstring& truncateList(int n);
+  // Offset of the last character before `limit` (-1: the whole text) that is
+  // a blank or in none of the current locale's classes letter, digit,
+  // punctuation and blank (a tab is a break, a comma not); -1 for none.
+  int GetLastWordBreak(int limit);
+
+  // ---- word lists: set operations -----------------------------------------
+  // (words/word_sets.cpp, words/word_find.cpp)
+  //
+  // Words compared byte for byte, quotes and case included; each result word
+  // once, joined by one blank; neither operand changes.
+  //
+  //   vstring("b a").WUnion("c a b");         // "b a c"
+  //   vstring("a b a c").WNotIn("b");         // "a c"
+  //   vstring("d b").WIntersect("a b c d");   // "b d"
+  //
+  // In order of first appearance.
+  vstring& WUnique() const;
+  vstring& WUnion(const vstring& other) const;
+  // In the order of the operand with the longer text (this list on a tie).
+  vstring& WIntersect(const vstring& other) const;
+  vstring& WNotIn(const vstring& other) const;
+  // Number (from 1) of the first word equal to `word`, or of the last with
+  // findLast; 0 for none. *position (when given) gets the word's byte offset,
+  // -1 for none. ignoreCase folds ASCII letters only.
+  int WFind(const vstring& word, int ignoreCase, int* position, int findLast);
+
+  // ---- word lists: wildcard patterns --------------------------------------
+  // (words/wildcard_match.cpp, words/wildcard_regex.cpp, words/wildcard_lists.cpp)
+  //
+  // A pattern has two wildcards and no escape: `*` any run of bytes (also
+  // none), `?` exactly one byte; every other byte stands for itself, case
+  // counting. Words are matched without their outer quotes; a quoted word
+  // comes out between two plain `"`.
+  //
+  //   vstring("x1 y1 x2").WKeep("x*");             // "x1 x2"
+  //   vstring("x1 y1 x2").WDrop("x*");             // "y1"
+  //   vstring("xaya").WReplace("*a*", "*b*", false);  // "xbyb"; firstOnly: "xbya"
+  //
+  // 1 when the text holds a `*` (or, with alsoQuestionMark, a `?`).
+  int hasWildCard(int alsoQuestionMark) const;
+  // The words that match some word of `patterns` / that match none; the
+  // list's order, each word once per appearance.
+  vstring& WKeep(const vstring& patterns) const;
+  vstring& WDrop(const vstring& patterns) const;
+  // Each word that matches `source` rewritten to `destination` (one pattern
+  // each, not split into words). Patterns whose wildcards differ in kind or
+  // order (`a*` to `b`, or a source with `**`) are reported (828) and the
+  // text comes back as it stands; so it does when a rewrite fails. A word
+  // is left alone when it and the destination together do not fit the
+  // scratch buffer (no host: 8192 bytes).
+  vstring& WReplace(const vstring& source, const vstring& destination, bool firstOnly) const;
+
+  // ---- word lists: composition --------------------------------------------
+  // (words/) no methods yet
+
+  // ---- statement words (scanner-backed) -----------------------------------
+  // (scanner/command_core.cpp)
+  //
+  // 1 when the whole text is one word of the statement scanner (command::word):
+  // `f(a b)` and `"a b"` are, `a b`, ` a` and `f(x)y` are not. Bad parentheses
+  // and quotes are reported to the host (23, 102) as the scanner does.
+  int isWord() const;
+
+  // ---- delimited lists and options ----------------------------------------
+  // (statement/delimited_list.cpp, statement/options.cpp)
+  //
+  //   vstring cmd("PRINT(a, b=\"x,y\", c(1,2))");
+  //   vstring* opts = cmd.split_options(nullptr, 0, 0);
+  //   // cmd is "PRINT"; opts[0] "a", opts[1] "b=\"x,y\"", opts[2] "c(1,2)"
+  //
+  // The items at `,` (no quotes, no trimming), at most 49, into an array of 50
+  // owned by the library and overwritten by the next call; the element
+  // behind the last item is empty.
+  vstring* parse_commalist();
+  // The items at `delimiter`, at most maxItems, into the caller's array.
+  // Leading delimiters are skipped; an empty text gives one empty item.
+  void parse_delimitedlist(vstring* out, int maxItems, char delimiter);
+  // With honourQuotes, a delimiter inside quotes does not cut (a `\` in front
+  // keeps a quote from closing). Leading empty items are not stored.
+  void parse_delimitedlist(vstring* out, int maxItems, char delimiter, int honourQuotes);
+  void parse_delimitedlist(vstring* out, int maxItems, const char* delimiter, int delimiterLength,
+                           int honourQuotes);
+  // Takes a trailing option list `(a,b,...)` off this text into `out` (first
+  // clearing maxItems elements), or into the library's array of 50 when out
+  // is null. More options than fit: report 216, the rest dropped. A text
+  // without a proper trailing group stays (trimmed).
+  vstring* split_options(vstring* out, int maxItems, int reserved);
+  vstring* split_options(int maxItems);
+  // Appends `(OPT1,OPT2,...)`, upper-cased outside quotes; trailing empty
+  // options are left out, and all-empty options append nothing.
+  void add_options(vstring* options, int count);
+  // Trims, then cuts a balanced `(...)` off the end (quotes not looked at).
+  void strip_options();
+
+  // ---- equations ----------------------------------------------------------
+  // (statement/equation_assign.cpp, equation_split.cpp, equation_text.cpp)
+  //
+  //   vstring eq("y = a(1) + x + [k(1)=.5] @ t");
+  //   eq.instrAssign();                  // 3
+  //   vstring l, r, group, tail;
+  //   eq.SplitEquation(l, r, group, tail);  // "y", "a(1) + x", "k(1)=.5", "t"
+  //
+  // The position (from 1) of the first `=` behind an operand at bracket
+  // depth 0, or 0 when the text is no single statement of the form (`<=`,
+  // `f(a=1)`, `a b = 1` give 0; OR, AND, NOT join operands).
+  int instrAssign();
+  // The four pieces of an equation; the bracket group must be joined on by a
+  // `+` (702) and opened (701), both reported with the statement.
+  void SplitEquation(vstring& leftSide, vstring& rightSide, vstring& bracketGroup, vstring& tail);
+  // `a=b=c=1,d=2` as `a=1,b=1,c=1,d=2` (commas and `=` only).
+  vstring& ConvertFromCompoundEquality();
+  // The text unchanged: ranges in option names are the host's to expand.
+  vstring& ExpandOptionRangeNames();
+  // The text in front of / behind the first plain `=`, blanks off both ends;
+  // empty when there is no `=`.
+  vstring& left_of_equal() const;
+  vstring& right_of_equal() const;
+  // Appends `(a)` / `(a,b)` in decimal; returns *this.
+  vstring& paren_int(int a);
+  vstring& paren_int(int a, int b);
+  // 1 when the whole text is one parenthesised expression: `(a)`, ` (a) `.
+  int OnlyParenExpression() const;
+  // Puts the text in parentheses when it could not stand as a factor:
+  // `a+b` and `a AND b` get them, `x*y`, `(a+b)` and `-x` do not.
+  vstring& surroundForMult();
+  // The host's value of the text as an expression (EvaluateExpression);
+  // 0.0 with no host, `status` untouched.
+  double evaluate(int* status);
+  // A plain integer directly (atoi, held at the 32-bit limits), anything else
+  // through the host; the floor of the value, 0 for a missing value, and 0
+  // with report 65 outside the 32-bit range. `status` is set to 0 first.
+  int evaluateToInt(int* status);
+
+  // ---- paths and file names -----------------------------------------------
+  // (statement/path_complete.cpp, statement/path_parts.cpp)
+  //
+  // File names as they stand in statements, in Windows style on every
+  // platform: `\` separates, `x:` is a drive, `\\` opens a network path.
+  // No file system is asked; the host supplies the directories through
+  // QuerySetting and cleans up `..` through CanonicalizePath.
+  //
+  //   vstring f("data\\gdp.csv");
+  //   f.GetExt();                 // ".csv"
+  //   f.GetPath(nullptr);         // "data\\"
+  //   f.stripPathAndExt(nullptr, 0);   // f is "gdp"
+  //
+  // `base` is a directory, or null for the host's default directory.
+  // Completes the name: `.\x` from the running line's directory, `..\x` and
+  // `<ADDINS>x` resolved, `\x` onto the base's drive or server, a plain name
+  // onto the base; a name with ':' or a network path stays as it is.
+  void addPathIfNone(vstring* base);
+  vstring& addPathAndExt(const char* extension, vstring* base);
+  vstring& addPathAndExt(vstring& extension, vstring* base);
+  // Appends the extension (dot optional) unless the name already has it, in
+  // any case; a different extension is kept: `a.txt` + csv is `a.txt.csv`.
+  void insureExt(const vstring& extension);
+  void insureExt(const char* extension);
+  // The extension with its dot (at most 4 bytes behind it, or one of .macw
+  // .sas7bdat .accdb .rdata .json), or an empty temporary.
+  vstring& GetExt();
+  // The directory part with its last backslash (or a drive `c:`), or empty.
+  vstring& GetPath(vstring* base);
+  // This string loses quotes, directory and extension; forwardToo != 0 lets
+  // `/` end a directory too.
+  vstring& stripPathAndExt(vstring* base, int forwardToo);
+  // This string loses its extension (keeps directory and quotes) / its
+  // directory (keeps extension and quotes).
+  vstring& stripExt();
+  vstring& stripPath();
+  // Resolves leading `..\` steps against `base`; one step too many is
+  // reported (415) and leaves the string as it was.
+  vstring& replaceDotDot(vstring* base);
+  // `db::object` into object and database (object unquoted); no `::`: all
+  // object, database empty.
+  void splitObDB(vstring& object, vstring& database);
+  // At the last backslash: name behind it, directory in front (without it).
+  void splitObSubdir(vstring& name, vstring& directory);
 
 protected:
   // The text of the block, or null when the string holds no block.

@@ -16,3 +16,7 @@
 #include <txCommon/internal/number_io.h>
 #include <txCommon/internal/number_format.h>
 #include <txCommon/internal/random_engine.h>
+#include <txCommon/internal/word_scan.h>
+#include <txCommon/internal/word_result.h>
+#include <txCommon/internal/word_table.h>
+#include <txCommon/internal/wildcard.h>
