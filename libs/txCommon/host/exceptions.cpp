@@ -3,6 +3,7 @@
 #include <txCommon/internal/host_bridge.h>
 #include <txCommon/internal/tracked_memory.h>
 #include <txCommon/vstring.h>
+#include <common/convert64.h>
 
 #include <cstring>
 #include <string>
@@ -126,11 +127,10 @@ std::string fill_marks(const char* message, std::string_view arguments, char sep
 
 vstring& into_temporary(const std::string& text) {
   vstring& result = txc::next_temp();
-  char* target = result.alloc(static_cast<unsigned>(text.size()));
-  if (!text.empty()) {
-    std::memcpy(target, text.data(), text.size());
-    target[text.size()] = '\0';
-  }
+  if (text.empty()) return result.clear();  // an empty result holds no block
+  char* target = result.alloc(static_cast<unsigned>(convert64(text.size())));
+  std::memcpy(target, text.data(), text.size());
+  target[text.size()] = '\0';
   return result;
 }
 

@@ -29,7 +29,7 @@ StringSpool::~StringSpool() {
 
 int StringSpool::Size(int extra) {
   const long long needed = static_cast<long long>(used) + 1 + extra;
-  if (needed < size) return 1;
+  if (needed < size && buffer != nullptr) return 1;
   const long long grown = needed + kLargeStep < needed * 2 ? needed + kLargeStep : needed * 2;
   const int newSize = convert64(grown);
   char* fresh = static_cast<char*>(txc::host_allocate(newSize));
@@ -39,7 +39,11 @@ int StringSpool::Size(int extra) {
     if (fresh != nullptr) txc::host_release(fresh);
     return 0;
   }
-  if (used > 0) std::memcpy(fresh, buffer, static_cast<std::size_t>(used));
+  // No block at all (an exhausted system, or a host that answers null
+  // without raising its error): the append is dropped rather than written
+  // through a null pointer.
+  if (fresh == nullptr) return 0;
+  if (used > 0 && buffer != nullptr) std::memcpy(fresh, buffer, static_cast<std::size_t>(used));
   if (buffer != nullptr) txc::host_release(buffer);
   buffer = fresh;
   size = newSize;
@@ -52,13 +56,32 @@ void StringSpool::clear() {
 }
 
 char* StringSpool::optr() {
+  if (buffer == nullptr) {
+    // Only a host whose Allocate answered null leaves a spool without a
+    // block; it reads as empty.
+    thread_local char none[1];
+    none[0] = '\0';
+    return none;
+  }
   buffer[used] = '\0';
   return buffer;
 }
 
 void StringSpool::assign(vstring& target) const {
+  if (buffer == nullptr) {
+    target.clear();
+    return;
+  }
   buffer[used] = '\0';
   target.put(buffer);
+}
+
+void StringSpool::trunc(int n) {
+  // Kept inside the block, so that the terminator that optr() and assign()
+  // write at index len() can never land outside it.
+  if (n < 0) n = 0;
+  if (n >= size) n = size > 0 ? size - 1 : 0;
+  used = n;
 }
 
 void StringSpool::cat(const char* text) {
@@ -67,7 +90,7 @@ void StringSpool::cat(const char* text) {
 }
 
 void StringSpool::cat(const char* text, int n) {
-  if (n <= 0 || !Size(n)) return;
+  if (text == nullptr || n <= 0 || !Size(n)) return;
   std::memcpy(buffer + used, text, static_cast<std::size_t>(n));
   used += n;
 }

@@ -102,4 +102,29 @@ TEST(StringSpool, MegabytesOfText) {
   EXPECT_EQ(v.optr()[27], 'b');
 }
 
+TEST(StringSpool, HostileArgumentsStayInsideTheBlock) {
+  StringSpool sp(64);
+  sp.cat(nullptr, 5);
+  sp.cat(static_cast<const char*>(nullptr));
+  sp.cat("xyz", -3);
+  EXPECT_EQ(sp.len(), 0);
+  struct Case {
+    int n;
+    int len;
+  } cases[] = {{-5, 0}, {0, 0}, {10, 10}, {63, 63}, {64, 63}, {1 << 30, 63}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.n);
+    sp.trunc(c.n);
+    EXPECT_EQ(sp.len(), c.len);
+    EXPECT_EQ(sp.optr()[c.len], '\0');
+  }
+  sp.trunc(-1);
+  sp += 'a';
+  EXPECT_STREQ(sp.optr(), "a");
+  std::string high(5000, '\xFF');
+  sp = high.c_str();
+  EXPECT_EQ(sp.len(), 5000);
+  EXPECT_EQ(vstring(sp).len(), 5000u);
+}
+
 }  // namespace

@@ -4,13 +4,21 @@
 #include <txCommon/vstring.h>
 #include <common/convert64.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <new>
+#include <string>
 
 namespace txc::block {
 
 char* make(unsigned n) {
+  // A length beyond int's range is never valid: the check ends the process.
+  convert64(n);
   char* base = static_cast<char*>(std::malloc(static_cast<std::size_t>(n) + kOverhead));
+  // Writing the header through a null block would be the worst answer to an
+  // exhausted system; the allocation operator's answer is the library's.
+  if (base == nullptr) throw std::bad_alloc();
   char* text = base + kHeader;
   capacity_word(text) = n + kOverhead;
   length(text) = n;
@@ -39,6 +47,26 @@ void report_if_huge(unsigned n) {
   if (n >= txc::kHugeLength) txc::report_error(2121);
 }
 
+unsigned capacity_of(const char* data) { return blk::capacity_word(data) - blk::kOverhead; }
+
+// The bytes of a text that lie inside its block: the length, unless putLen
+// has set it beyond the capacity, which no copy may read past.
+unsigned stored_len(const char* data) {
+  if (data == nullptr) return 0;
+  const unsigned length = blk::length(data);
+  const unsigned capacity = capacity_of(data);
+  return length < capacity ? length : capacity;
+}
+
+// Whether `p` points into the block of `data` (header, text or tail).
+bool points_into(const char* data, const char* p) {
+  if (data == nullptr || p == nullptr) return false;
+  const auto first = reinterpret_cast<std::uintptr_t>(data) - blk::kHeader;
+  const auto end = reinterpret_cast<std::uintptr_t>(data) + capacity_of(data) + 5;
+  const auto at = reinterpret_cast<std::uintptr_t>(p);
+  return at >= first && at < end;
+}
+
 }  // namespace
 
 // ---- construction ---------------------------------------------------------
@@ -48,7 +76,8 @@ vstring::vstring(const char* text) : data(nullptr) { put(text); }
 vstring::vstring(const vstring& other) : data(nullptr) { put(other); }
 
 vstring::vstring(const char* text, txlong n) : data(nullptr) {
-  if (text == nullptr || n == 0) return;
+  // A negative count would read gigabytes: it makes an empty string as 0 does.
+  if (text == nullptr || n <= 0) return;
   const unsigned count = static_cast<unsigned>(n);
   data = blk::make(count);
   report_if_huge(count);
@@ -92,13 +121,22 @@ char* vstring::my_calloc(unsigned int n) { return calloc(n); }
 vstring& vstring::put(const vstring& other) {
   if (this == &other) return *this;
   if (other.isNull()) return clear();
-  const unsigned n = other.len();
-  std::memcpy(alloc(n), other.data, static_cast<std::size_t>(n) + 1);
+  const unsigned n = stored_len(other.data);
+  if (n == 0) return clear();
+  char* p = alloc(n);
+  std::memcpy(p, other.data, n);
+  // Written, not copied: a length set short by putLen has no zero behind it.
+  p[n] = '\0';
   return *this;
 }
 
 vstring& vstring::put(const char* text) {
   if (text == nullptr || *text == '\0') return clear();
+  if (points_into(data, text)) {
+    // alloc may free or overwrite the block the text lies in: copy it first.
+    const std::string kept(text);
+    return put(kept.c_str());
+  }
   const unsigned n = static_cast<unsigned>(convert64(std::strlen(text)));
   std::memcpy(alloc(n), text, static_cast<std::size_t>(n) + 1);
   return *this;
@@ -127,6 +165,10 @@ vstring& vstring::putch(const char* text, txlong n) {
     while (static_cast<txlong>(count) < n && text[count] != '\0') ++count;
   }
   if (count == 0) return clear();
+  if (points_into(data, text)) {
+    const std::string kept(text, count);
+    return putch(kept.c_str(), n);
+  }
   char* p = alloc(count);
   std::memcpy(p, text, count);
   p[count] = '\0';
@@ -135,9 +177,21 @@ vstring& vstring::putch(const char* text, txlong n) {
 
 vstring& vstring::cpytext(const vstring& source, unsigned int start, unsigned int n) {
   if (n == 0) return clear();
-  const char* from = source.optr() + start;
+  // Only the text and terminator of `source` are read; bytes asked for beyond
+  // them come out as zeros rather than as whatever lies past its block.
+  const unsigned have = stored_len(source.data) + (source.data != nullptr ? 1 : 0);
+  const unsigned avail = start < have ? have - start : 0;
+  const unsigned take = n < avail ? n : avail;
+  const char* from = take != 0 ? source.data + start : nullptr;
+  std::string kept;
+  if (take != 0 && &source == this) {
+    // alloc may free or overwrite the very bytes to be copied.
+    kept.assign(from, take);
+    from = kept.data();
+  }
   char* p = alloc(n);
-  std::memmove(p, from, n);
+  if (take != 0) std::memmove(p, from, take);
+  if (take < n) std::memset(p + take, 0, n - take);
   p[n] = '\0';
   return *this;
 }
@@ -178,8 +232,9 @@ namespace {
 // the bytes go in place; otherwise into a new exact-size block that replaces
 // the old one only after the copy, so the operand may be the string itself.
 char* append_bytes(char* data, const char* bytes, unsigned n) {
-  const unsigned old = data != nullptr ? blk::length(data) : 0;
-  const unsigned total = old + n;
+  const unsigned old = stored_len(data);
+  // A sum past int's range would pass the signed room test below: fatal.
+  const unsigned total = static_cast<unsigned>(convert64(std::uint64_t{old} + n));
   if (data != nullptr &&
       static_cast<std::int32_t>(total) <=
           static_cast<std::int32_t>(blk::capacity_word(data) - blk::kOverhead)) {
@@ -199,15 +254,16 @@ char* append_bytes(char* data, const char* bytes, unsigned n) {
 }  // namespace
 
 vstring& vstring::cat(const vstring& other) {
-  const unsigned n = other.len();
-  if (len() + n == 0) return *this;
+  const unsigned n = stored_len(other.data);
+  if (stored_len(data) + n == 0) return *this;
   data = append_bytes(data, other.optr(), n);
   return *this;
 }
 
 vstring& vstring::cat(const char* text) {
+  if (text == nullptr) return *this;  // read as the empty text
   const unsigned n = static_cast<unsigned>(convert64(std::strlen(text)));
-  if (len() + n == 0) return *this;
+  if (stored_len(data) + n == 0) return *this;
   data = append_bytes(data, text, n);
   return *this;
 }
@@ -240,6 +296,16 @@ vstring& temp_of(const char* a, unsigned na, const char* b, unsigned nb) {
   vstring& t = txc::next_temp();
   const unsigned n = na + nb;
   if (n == 0) return t.clear();
+  std::string kept;
+  const char* own = t.blen() != 0 ? t.optr() : nullptr;  // never the shared empty text
+  if (points_into(own, a) || points_into(own, b)) {
+    // The temporary handed out is an operand itself (a ring gone round):
+    // alloc would pull the text from under the copy.
+    if (na != 0) kept.append(a, na);
+    if (nb != 0) kept.append(b, nb);
+    a = kept.data();
+    b = kept.data() + na;
+  }
   char* p = t.alloc(n);
   if (na) std::memcpy(p, a, na);
   if (nb) std::memcpy(p + na, b, nb);
@@ -247,38 +313,41 @@ vstring& temp_of(const char* a, unsigned na, const char* b, unsigned nb) {
   return t;
 }
 
+// The length of `s` as far as its block holds it (see stored_len).
+unsigned readable(const vstring& s) { return s.len() < s.blen() ? s.len() : s.blen(); }
+
 unsigned text_length(const char* text) {
-  return static_cast<unsigned>(convert64(std::strlen(text)));
+  return text != nullptr ? static_cast<unsigned>(convert64(std::strlen(text))) : 0;
 }
 
 }  // namespace
 
 vstring& vstring::operator+(const vstring& b) const {
-  return temp_of(optr(), len(), b.optr(), b.len());
+  return temp_of(optr(), readable(*this), b.optr(), readable(b));
 }
 
 vstring& vstring::operator+(const char* b) const {
-  return temp_of(optr(), len(), b, text_length(b));
+  return temp_of(optr(), readable(*this), b, text_length(b));
 }
 
 vstring& vstring::operator+(char c) const {
   // The one-byte operand lives on this call's stack, private to the thread.
   const char one[2] = {c, '\0'};
-  return temp_of(optr(), len(), one, c != '\0' ? 1 : 0);
+  return temp_of(optr(), readable(*this), one, c != '\0' ? 1 : 0);
 }
 
 vstring& operator+(const char* a, const vstring& b) {
-  return temp_of(a, text_length(a), b.optr(), b.len());
+  return temp_of(a, text_length(a), b.optr(), readable(b));
 }
 
 vstring& operator+(char c, const vstring& b) {
   const char one[2] = {c, '\0'};
-  return temp_of(one, 1, b.optr(), b.len());
+  return temp_of(one, 1, b.optr(), readable(b));
 }
 
 vstring& vstring::left(int n) const {
   if (n < 1) return txc::next_temp().clear();
-  const unsigned have = len();
+  const unsigned have = readable(*this);
   const unsigned take = static_cast<unsigned>(n) < have ? static_cast<unsigned>(n) : have;
   return temp_of(optr(), take, nullptr, 0);
 }
@@ -287,13 +356,13 @@ vstring& vstring::Left(int n) const { return left(n); }
 
 vstring& vstring::right(int n) const {
   if (n < 1) return txc::next_temp().clear();
-  const unsigned have = len();
+  const unsigned have = readable(*this);
   if (static_cast<unsigned>(n) >= have) return temp_of(optr(), have, nullptr, 0);
   return temp_of(optr() + (have - static_cast<unsigned>(n)), static_cast<unsigned>(n), nullptr, 0);
 }
 
 vstring& vstring::mid(int start, int n) const {
-  const unsigned have = len();
+  const unsigned have = readable(*this);
   if (start < 1) start = 1;
   const unsigned from = static_cast<unsigned>(start) - 1;
   if (n < 1 || from >= have) return txc::next_temp().clear();
@@ -304,7 +373,7 @@ vstring& vstring::mid(int start, int n) const {
 
 vstring& vstring::trunc(int n) {
   if (n <= 0) return clear();
-  const unsigned have = len();
+  const unsigned have = readable(*this);
   if (static_cast<unsigned>(n) >= have) return *this;
   if (have - static_cast<unsigned>(n) > 24) {
     // Move the kept text into a block of its own size.

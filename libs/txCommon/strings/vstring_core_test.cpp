@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -333,6 +334,130 @@ TEST(VstringCore, HugeTextsAreMade) {
   s.cat(s);
   EXPECT_EQ(s.len(), 2 * big.size());
   EXPECT_EQ(str(s.right(3)), "qqq");
+}
+
+TEST(VstringCore, HostileArgumentsReadAsEmpty) {
+  vstring negative("abc", -1);
+  EXPECT_EQ(negative.blen(), 0u) << "a negative count makes no block";
+  vstring s("ab");
+  s.cat(static_cast<const char*>(nullptr));
+  EXPECT_EQ(str(s), "ab");
+  EXPECT_EQ(str(s + static_cast<const char*>(nullptr)), "ab");
+  EXPECT_EQ(str(static_cast<const char*>(nullptr) + s), "ab");
+  std::string high(200, '\x93');
+  high += "\xFF\x80";
+  vstring h(high.c_str());
+  EXPECT_EQ(str(h.mid(200, 3)), "\x93\xFF\x80");
+  EXPECT_EQ(str(h.left(INT_MAX)), high);
+  EXPECT_EQ(str(h.mid(INT_MAX, INT_MAX)), "");
+  EXPECT_EQ(str(h.mid(INT_MIN, 2)), "\x93\x93");
+  EXPECT_EQ(str(h.right(INT_MIN)), "");
+}
+
+// Texts that point into the string being assigned: the block may be freed or
+// overwritten by alloc, so the text must be read first.
+TEST(VstringCore, AssigningFromItsOwnText) {
+  struct Case {
+    const char* label;
+    const char* text;
+    int offset;
+    int count;  // putch count; 0 for put
+    const char* want;
+  } cases[] = {
+      {"put of a tail, block kept", "abcdef", 2, 0, "cdef"},
+      {"put of a tail, block replaced", "0123456789012345678901234567890123456789", 38, 0, "89"},
+      {"put of the whole text", "abcdef", 0, 0, "abcdef"},
+      {"putch of a middle", "abcdef", 1, 3, "bcd"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.label);
+    vstring s(c.text);
+    if (c.count == 0) {
+      s.put(s.optr() + c.offset);
+    } else {
+      s.putch(s.optr() + c.offset, c.count);
+    }
+    EXPECT_EQ(str(s), c.want);
+  }
+  vstring self("abcdef");
+  self.cpytext(self, 0, 3);
+  EXPECT_EQ(str(self), "abc");
+  self.cpytext(self, 1, 2);
+  EXPECT_EQ(str(self), "bc");
+}
+
+TEST(VstringCore, CpytextBeyondTheSourceReadsZeros) {
+  const vstring src("abcdef");
+  struct Case {
+    unsigned start;
+    unsigned n;
+    const char* text;  // what the result reads as
+    unsigned len;
+  } cases[] = {
+      {2, 4, "cdef", 4},    // exactly to the end
+      {2, 10, "cdef", 10},  // past the end: length as asked, text ends early
+      {6, 3, "", 3},        // from the terminator
+      {100, 5, "", 5},      // far outside the source
+      {0xFFFFFFF0u, 2, "", 2},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.start << ',' << c.n);
+    vstring s;
+    s.cpytext(src, c.start, c.n);
+    EXPECT_EQ(s.len(), c.len);
+    EXPECT_STREQ(s.optr(), c.text);
+    EXPECT_EQ(s.optr()[c.n], '\0');
+  }
+  vstring s;
+  s.cpytext(vstring(), 3, 4);
+  EXPECT_EQ(s.len(), 4u);
+  EXPECT_STREQ(s.optr(), "");
+}
+
+// putLen writes the length field and nothing else; what is read through a
+// length beyond the capacity never comes from outside the block, and copies
+// of a length set short end with a terminator.
+TEST(VstringCore, PutLenAtAndBeyondItsLimits) {
+  vstring shortened("abcdef");
+  shortened.putLen(3);
+  EXPECT_EQ(shortened.len(), 3u);
+  EXPECT_STREQ(shortened.optr(), "abcdef");
+  vstring copy(shortened);
+  EXPECT_EQ(str(copy), "abc");
+  EXPECT_EQ(copy.optr()[3], '\0');
+  EXPECT_EQ(str(shortened + "x"), "abcx");
+  vstring appended("abcdef");
+  appended.putLen(3);
+  appended.cat('!');
+  EXPECT_STREQ(appended.optr(), "abc!");
+
+  vstring full;
+  full.calloc(8);
+  std::memcpy(full.optr(), "12345678", 9);
+  full.putLen(full.blen());  // at the limit: valid
+  EXPECT_EQ(str(vstring(full)), "12345678");
+
+  const unsigned lengths[] = {9, 100, 0x7FFFFFF0u, 0xFFFFFFFFu};
+  for (unsigned n : lengths) {
+    SCOPED_TRACE(n);
+    vstring s("abc");
+    s.putLen(n);
+    EXPECT_EQ(s.len(), n);
+    EXPECT_EQ(str(vstring(s)), "abc");
+    EXPECT_EQ(str(s.left(50)), "abc");
+    EXPECT_EQ(str(s.right(2)), "bc");
+    EXPECT_EQ(str(s.mid(2, 50)), "bc");
+    EXPECT_EQ(str(s + s), "abcabc");
+    vstring t("x");
+    t.cat(s);
+    EXPECT_EQ(str(t), "xabc");
+    s.trunc(50);
+    s.cat("d");
+    EXPECT_EQ(str(s), "abcd");
+  }
+  vstring none;
+  none.putLen(5);
+  EXPECT_EQ(none.len(), 0u) << "no block, nothing written";
 }
 
 }  // namespace

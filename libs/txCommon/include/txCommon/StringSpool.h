@@ -29,7 +29,8 @@ public:
   char last() const { return used < 1 ? '\0' : buffer[used - 1]; }
   char& operator[](int i) { return buffer[i]; }
   const char& operator[](int i) const { return buffer[i]; }
-  void trunc(int n) { used = n; }
+  // Sets len() to n (no bytes are written); held inside the block.
+  void trunc(int n);
   char* optr();
   void assign(vstring& target) const;
 
