@@ -7,6 +7,11 @@
 // 0x80 and up and the backslash as \xNN (txc_tool::visible), so blanks and
 // quotes can be counted. Numeric results are printed as numbers. No host is
 // registered: 0x93/0x94 are ordinary bytes, and dlgCase/sheetCase upper-case.
+// The vstringArray lookups (Map, FindString) and replace_arrays take their
+// array entries as further arguments:
+//
+//   txc str FindString ABE ABC ABD XYZ      -> nearest: 1, then -1
+//   txc str replace_arrays "f(%1,%2)" 0 %1 X %2 Y   -> [f(X,Y)]
 #include "command.h"
 
 #include <txCommon/txCommon.h>
@@ -53,6 +58,45 @@ struct Op {
   Result (*run)(vstring& s, const Args& a, const int* n);
 };
 
+// The arguments from a[first] on, as an array.
+void fill_array(vstringArray& array, const Args& a, std::size_t first, std::size_t step = 1) {
+  for (std::size_t k = first; k < a.size(); k += step) array.add(arg_text(a[k]));
+}
+
+// TEXT CASEBLIND FROM1 TO1 [FROM2 TO2 ...]: the pairs as two arrays.
+Result replace_by_arrays(vstring& s, const Args& a, const int* n) {
+  vstringArray from, to;
+  fill_array(from, a, 1, 2);
+  fill_array(to, a, 2, 2);
+  s.replace_mult(from, to, n[0]);
+  return text_of(s);
+}
+
+// KEY ENTRIES...: FindString over the entries as given (they should be
+// sorted by the library's ordering), the whole range.
+Result find_string(vstring& key, const Args& a, const int*) {
+  vstringArray entries;
+  fill_array(entries, a, 0);
+  int nearest = 0;
+  const int found = entries.FindString(key, -1, -1, &nearest);
+  std::printf("nearest: %d\n", nearest);
+  return number_of(found);
+}
+
+Result map_key(vstring& key, const Args& a, const int*) {
+  vstringArray entries;
+  fill_array(entries, a, 0);
+  return number_of(entries.Map(key));
+}
+
+// The cpy forms write into a buffer of the caller's: len() + 1 bytes.
+template <class Copy>
+Result copied(const vstring& s, Copy copy) {
+  std::string target(s.len() + 1, '\0');
+  copy(target.data());
+  return {true, target.substr(0, s.len()), 0};
+}
+
 // a[k] is the k-th argument behind TEXT; n[k] its value when numeric.
 #define TXT(k) arg_text(a[k])
 #define CH(k) (a[k].empty() ? '\0' : a[k][0])
@@ -72,12 +116,14 @@ const Op kOps[] = {
     {"StripComments", "i", "ATCOMMAND: cut at the first ' outside quotes", [](vstring& s, const Args& a, const int* n) { return text_of(s.StripComments(a.empty() ? 0 : n[0])); }},
     {"findCommentChar", "", "position of the comment", [](vstring& s, const Args&, const int*) { return number_of(s.findCommentChar()); }},
     {"remove_parens", "", "one enclosing ( ) off", [](vstring& s, const Args&, const int*) { return text_of(s.remove_parens()); }},
+    {"StripParens", "", "the same as remove_parens", [](vstring& s, const Args&, const int*) { return text_of(s.StripParens()); }},
     {"remove_brackets", "", "one enclosing [ ] off", [](vstring& s, const Args&, const int*) { return text_of(s.remove_brackets()); }},
     {"StripBraces", "", "leading { and trailing } off", [](vstring& s, const Args&, const int*) { return text_of(s.StripBraces()); }},
     {"SurroundWithBraces", "", "{text}", [](vstring& s, const Args&, const int*) { return text_of(s.SurroundWithBraces()); }},
     {"replace", "TTii", "FROM TO [FIRSTONLY CASEBLIND]", [](vstring& s, const Args& a, const int* n) { s.replace(TXT(0), TXT(1), a.size() > 2 ? n[2] : 0, a.size() > 3 ? n[3] : 0); return text_of(s); }},
     {"caselessReplace", "TTi", "FROM TO [FIRSTONLY]", [](vstring& s, const Args& a, const int* n) { s.caselessReplace(TXT(0), TXT(1), a.size() > 2 ? n[2] : 0); return text_of(s); }},
     {"replace_mult", "TTII", "FROM TO MAXCOUNT CASEBLIND", [](vstring& s, const Args& a, const int* n) { return text_of(s.replace_mult(TXT(0), TXT(1), n[2], n[3])); }},
+    {"replace_arrays", "ITT*", "CASEBLIND FROM1 TO1 [FROM2 TO2...]: replace_mult by arrays", replace_by_arrays},
     {"replaceName", "TT", "FROM TO: first whole name", [](vstring& s, const Args& a, const int*) { const int r = s.replaceName(TXT(0), TXT(1)); std::printf("replaced: %d\n", r); return text_of(s); }},
     {"insert", "TI", "PART POSITION", [](vstring& s, const Args& a, const int* n) { vstring part = TXT(0); return text_of(s.insert(part, n[1])); }},
     {"insertPart", "TI", "PART OFFSET: overwrite from 0-based OFFSET", [](vstring& s, const Args& a, const int* n) { vstring part = TXT(0); s.insertPart(part, n[1]); return text_of(s); }},
@@ -88,6 +134,7 @@ const Op kOps[] = {
     // ---- quoting and escapes
     {"SurroundWithQuotes", "", "\"text\"", [](vstring& s, const Args&, const int*) { return text_of(s.SurroundWithQuotes()); }},
     {"MakeQuoted", "", "\"text\" with inner quotes doubled", [](vstring& s, const Args&, const int*) { return text_of(s.MakeQuoted()); }},
+    {"AddQuotesEx", "", "the same as MakeQuoted", [](vstring& s, const Args&, const int*) { return text_of(s.AddQuotesEx()); }},
     {"AddQuotesIfNecessary", "i", "[IGNOREQUOTED]: MakeQuoted when white space", [](vstring& s, const Args& a, const int* n) { return text_of(s.AddQuotesIfNecessary(!a.empty() && n[0] != 0)); }},
     {"StripQuotes", "", "outer quote bytes off", [](vstring& s, const Args&, const int*) { return text_of(s.StripQuotes()); }},
     {"StripQuotesEx", "", "strict: outer pair off, inner undoubled", [](vstring& s, const Args&, const int*) { return text_of(s.StripQuotesEx()); }},
@@ -100,6 +147,10 @@ const Op kOps[] = {
     {"rinstr", "Tii", "NEEDLE [OCCURRENCE LIMIT]", [](vstring& s, const Args& a, const int* n) { vstring nd = TXT(0); return number_of(s.rinstr(nd, a.size() > 1 ? static_cast<unsigned>(n[1]) : 1u, a.size() > 2 ? static_cast<unsigned>(n[2]) : 0u)); }},
     {"instrc", "Cii", "BYTE [OCCURRENCE START]: byte form", [](vstring& s, const Args& a, const int* n) { return number_of(s.instr(CH(0), a.size() > 1 ? static_cast<unsigned>(n[1]) : 1u, a.size() > 2 ? static_cast<unsigned>(n[2]) : 0u)); }},
     {"rinstrc", "Cii", "BYTE [OCCURRENCE LIMIT]: byte form", [](vstring& s, const Args& a, const int* n) { return number_of(a.size() > 1 ? s.rinstr(CH(0), static_cast<unsigned>(n[1]), a.size() > 2 ? static_cast<unsigned>(n[2]) : 0u) : s.rinstr(CH(0))); }},
+    {"instrsub", "Tii", "NEEDLE [OCCURRENCE START]", [](vstring& s, const Args& a, const int* n) { std::string nd = a[0]; return number_of(s.instrsub(nd.data(), a.size() > 1 ? static_cast<unsigned>(n[1]) : 1u, a.size() > 2 ? static_cast<unsigned>(n[2]) : 0u)); }},
+    {"rinstrsub", "Tii", "NEEDLE [OCCURRENCE LIMIT]", [](vstring& s, const Args& a, const int* n) { std::string nd = a[0]; return number_of(s.rinstrsub(nd.data(), a.size() > 1 ? static_cast<unsigned>(n[1]) : 1u, a.size() > 2 ? static_cast<unsigned>(n[2]) : 0u)); }},
+    {"inchar", "C", "BYTE: first position", [](vstring& s, const Args& a, const int*) { return number_of(s.inchar(static_cast<unsigned char>(CH(0)))); }},
+    {"rinchar", "C", "BYTE: last position", [](vstring& s, const Args& a, const int*) { return number_of(s.rinchar(static_cast<unsigned char>(CH(0)))); }},
     {"incharnq", "C", "BYTE: first outside quotes", [](vstring& s, const Args& a, const int*) { return number_of(s.incharnq(static_cast<unsigned char>(CH(0)))); }},
     {"CharCount", "C", "BYTE: how many", [](vstring& s, const Args& a, const int*) { return number_of(s.CharCount(CH(0))); }},
     {"MatchingStartChars", "T", "OTHER: shared leading bytes", [](vstring& s, const Args& a, const int*) { return number_of(s.MatchingStartChars(TXT(0))); }},
@@ -107,6 +158,14 @@ const Op kOps[] = {
     {"compareX", "T", "OTHER: case-blind, then compare", [](vstring& s, const Args& a, const int*) { return number_of(s.compareX(TXT(0))); }},
     {"CompareNoCase", "T", "OTHER", [](vstring& s, const Args& a, const int*) { return number_of(s.CompareNoCase(a[0].c_str())); }},
     {"cmp", "TI", "OTHER N: bounded ordering", [](vstring& s, const Args& a, const int* n) { vstring o = TXT(0); return number_of(s.cmp(o, static_cast<unsigned>(n[1]))); }},
+    {"fcmp", "TI", "OTHER N", [](vstring& s, const Args& a, const int* n) { return number_of(s.fcmp(a[0].c_str(), static_cast<unsigned>(n[1]))); }},
+    {"eq", "T", "OTHER: operator==", [](vstring& s, const Args& a, const int*) { return number_of(s == TXT(0)); }},
+    {"ne", "T", "OTHER: operator!=", [](vstring& s, const Args& a, const int*) { return number_of(s != TXT(0)); }},
+    {"lt", "T", "OTHER: operator<", [](vstring& s, const Args& a, const int*) { return number_of(s < TXT(0)); }},
+    {"gt", "T", "OTHER: operator>", [](vstring& s, const Args& a, const int*) { return number_of(s > TXT(0)); }},
+    {"le", "T", "OTHER: operator<=", [](vstring& s, const Args& a, const int*) { return number_of(s <= TXT(0)); }},
+    {"ge", "T", "OTHER: operator>=", [](vstring& s, const Args& a, const int*) { return number_of(s >= TXT(0)); }},
+    {"eqc", "C", "BYTE: operator==(char)", [](vstring& s, const Args& a, const int*) { return number_of(s == CH(0)); }},
     {"caselessEqual", "T", "OTHER", [](vstring& s, const Args& a, const int*) { return number_of(s.caselessEqual(TXT(0))); }},
     {"isInteger", "", "", [](vstring& s, const Args&, const int*) { return number_of(s.isInteger()); }},
     {"IsAlphaNumeric", "", "", [](vstring& s, const Args&, const int*) { return number_of(s.IsAlphaNumeric()); }},
@@ -114,6 +173,16 @@ const Op kOps[] = {
     {"hasSeperator", "", "", [](vstring& s, const Args&, const int*) { return number_of(s.hasSeperator()); }},
     {"hash", "", "32-bit hash", [](vstring& s, const Args&, const int*) { return number_of(s.hash()); }},
     // ---- case conversion
+    {"MakeUpper", "", "upper case", [](vstring& s, const Args&, const int*) { return text_of(s.MakeUpper()); }},
+    {"mbuprnq", "", "upper case outside quotes", [](vstring& s, const Args&, const int*) { return text_of(s.mbuprnq()); }},
+    {"mblwrnq", "", "lower case outside quotes", [](vstring& s, const Args&, const int*) { return text_of(s.mblwrnq()); }},
+    {"outCase", "", "upper case outside quotes", [](vstring& s, const Args&, const int*) { return text_of(s.outCase()); }},
+    {"putUpr", "", "assign, then upper case", [](vstring& s, const Args&, const int*) { const std::string t(s.optr()); return text_of(s.putUpr(t.c_str())); }},
+    {"putUprnq", "", "assign, then upper case outside quotes", [](vstring& s, const Args&, const int*) { const std::string t(s.optr()); return text_of(s.putUprnq(t.c_str())); }},
+    {"cpyupr", "", "upper-cased copy", [](vstring& s, const Args&, const int*) { return copied(s, [&](char* t) { s.cpyupr(t); }); }},
+    {"cpylwr", "", "lower-cased copy", [](vstring& s, const Args&, const int*) { return copied(s, [&](char* t) { s.cpylwr(t); }); }},
+    {"cpylwrnq", "", "lower-cased copy outside quotes", [](vstring& s, const Args&, const int*) { return copied(s, [&](char* t) { s.cpylwrnq(t); }); }},
+    {"cpyDlgCase", "", "dlgCase copy", [](vstring& s, const Args&, const int*) { return copied(s, [&](char* t) { s.cpyDlgCase(t); }); }},
     {"upr", "", "upper case", [](vstring& s, const Args&, const int*) { return text_of(s.upr()); }},
     {"lwr", "", "lower case", [](vstring& s, const Args&, const int*) { return text_of(s.lwr()); }},
     {"uprnq", "", "upper case outside quotes", [](vstring& s, const Args&, const int*) { return text_of(s.uprnq()); }},
@@ -123,6 +192,9 @@ const Op kOps[] = {
     {"capitalize", "", "lower case, first byte upper", [](vstring& s, const Args&, const int*) { return text_of(s.capitalize()); }},
     {"titleCase", "II", "FIRSTWORDONLY LOWERREST", [](vstring& s, const Args&, const int* n) { return text_of(s.titleCase(n[0], n[1])); }},
     {"isMixedCase", "", "", [](vstring& s, const Args&, const int*) { return number_of(s.isMixedCase()); }},
+    // ---- vstringArray (TEXT is the key)
+    {"Map", "*", "ENTRIES...: index of the entry named TEXT (name:rest)", map_key},
+    {"FindString", "*", "SORTED ENTRIES...: binary search for TEXT", find_string},
 };
 
 #undef TXT
@@ -188,14 +260,17 @@ int run(const Args& args) {
   }
   vstring text = arg_text(a[1]);
   const Args rest(a.begin() + 2, a.end());
-  const std::string pattern = op->args;
+  // A trailing '*' takes any number of further texts.
+  std::string pattern = op->args;
+  const bool variadic = !pattern.empty() && pattern.back() == '*';
+  if (variadic) pattern.pop_back();
   std::size_t required = 0;
   for (char p : pattern) required += (p >= 'A' && p <= 'Z') ? 1 : 0;
-  if (rest.size() < required || rest.size() > pattern.size()) {
-    return usage_error(std::string(op->name) + " takes " + (pattern.empty() ? "no arguments" : op->meaning));
+  if (rest.size() < required || (!variadic && rest.size() > pattern.size())) {
+    return usage_error(std::string(op->name) + " takes " + (op->args[0] == '\0' ? "no arguments" : op->meaning));
   }
   int numbers[8] = {0, 0, 0, 0, 0, 0, 0, 0};
-  for (std::size_t k = 0; k < rest.size(); ++k) {
+  for (std::size_t k = 0; k < rest.size() && k < pattern.size(); ++k) {
     const char kind = static_cast<char>(pattern[k] & ~0x20);
     if (kind == 'I' && !to_int(rest[k], &numbers[k])) return usage_error("'" + rest[k] + "' is no number");
     if (kind == 'C' && rest[k].size() != 1) return usage_error("'" + rest[k] + "' is not one byte");

@@ -8,7 +8,9 @@
 
 #include "edit_test_support.h"
 
+#include <random>
 #include <string>
+#include <vector>
 
 using edit_test::bytes;
 using edit_test::cycle;
@@ -138,6 +140,90 @@ TEST(ScratchLimit, InsertAndNamesOnHugeTexts) {
   EXPECT_EQ(name.replaceName(vstring("X"), vstring("Y")), 1);
   // The tail is taken as mid(..., TempBufLen()).
   EXPECT_EQ(name.len(), 2u + kBuiltIn - 1);
+}
+
+// Every editing and quoting entry point on hostile texts: empty, a zero byte
+// inside, unbalanced runs of brackets and quotes, high bytes, line-end and
+// backslash runs, megabytes of mixed bytes. Nothing may crash or touch a byte
+// outside its buffers (ASan), scratch results stay within the buffer, and
+// const operations leave their string alone.
+TEST(ScratchLimit, HostileInputs) {
+  std::mt19937 gen(4242);
+  std::uniform_int_distribution<int> byte(0, 255);
+  std::string mixed(1500000, ' ');
+  for (char& c : mixed) c = static_cast<char>(byte(gen));
+  const std::vector<std::string> inputs = {
+      "",
+      std::string("a\0b\"\0'", 6),
+      std::string(300000, '('),
+      std::string(300000, ')'),
+      std::string(300000, '"'),
+      "\"" + std::string(300000, 'a'),
+      std::string(300000, '\xFF'),
+      std::string(300000, '\\'),
+      cycle("\r\n\\n\\r\\", 300000),
+      cycle("{[(\"'@ \x93\x94", 300000),
+      mixed,
+  };
+  for (const std::string& text : inputs) {
+    SCOPED_TRACE(text.size());
+    const vstring src = make(text);
+    for (vstring* r : {&src.ltrim(), &src.rtrim(), &src.rtrim1(), &src.trim(0), &src.trim(1),
+                       &src.dropchars(vstring("adwp")), &src.dropchars(vstring("p"))}) {
+      EXPECT_LE(r->len(), text.size());
+    }
+    EXPECT_LE(src.CR_LF_to_LF().len(), kBuiltIn);
+    EXPECT_EQ(bytes(src), text);
+
+    using Op = void (*)(vstring&);
+    const Op scratchOps[] = {
+        [](vstring& s) { s.removeCharacter('"'); },
+        [](vstring& s) { s.removeWhiteSpace(); },
+        [](vstring& s) { s.removeWhiteSpacenq(); },
+        [](vstring& s) { s.MakeAlphaNumeric(nullptr, 0); },
+        [](vstring& s) { s.SurroundWithQuotes(); },
+        [](vstring& s) { s.MakeQuoted(); },
+        [](vstring& s) { s.ConvertToDblQuotes(); },
+        [](vstring& s) { s.replace_mult(vstring("\""), vstring("\"\"\""), 9999999, 1); },
+        [](vstring& s) { s.replace_mult(vstring(), vstring("x"), 9999999, 0); },
+    };
+    for (Op op : scratchOps) {
+      vstring s = src;
+      op(s);
+      EXPECT_LE(s.len(), kBuiltIn);
+    }
+    const Op inPlaceOps[] = {
+        [](vstring& s) { s.itrim(); },
+        [](vstring& s) { s.TrimRight(); },
+        [](vstring& s) { s.StripComments(1); },
+        [](vstring& s) { s.remove_parens(); },
+        [](vstring& s) { s.remove_brackets(); },
+        [](vstring& s) { s.StripBraces(); },
+        [](vstring& s) { s.StripQuotes(); },
+        [](vstring& s) { s.StripQuotesEx(); },
+        [](vstring& s) { s.ConvertFromDblQuotes(); },
+        [](vstring& s) { s.ConvertAsciiToEscSequences(); },
+        [](vstring& s) { s.TabToSpace(); },
+        [](vstring& s) { vstring p("xyz"); s.insertPart(p, 1); },
+        [](vstring& s) { vstring p("xyz"); s.insert(p, 1); },
+        [](vstring& s) { s.replaceName(vstring("A"), vstring("B")); },
+    };
+    for (Op op : inPlaceOps) {
+      vstring s = src;
+      op(s);
+      EXPECT_LE(s.len(), text.size() + 3);
+    }
+    // Quoted through the scratch buffer, or left exactly as it is.
+    vstring added = src;
+    added.AddQuotesIfNecessary(true);
+    if (bytes(added) != text) EXPECT_LE(added.len(), kBuiltIn);
+    vstring esc = src;
+    esc.ConvertEscSequencesToAscii();
+    EXPECT_LE(esc.len(), 2 * text.size());
+    vstring hex = src;
+    hex.bin2hex(hex.len());
+    EXPECT_EQ(hex.len(), 2 * text.size());
+  }
 }
 
 }  // namespace

@@ -32,15 +32,13 @@ vstring& filter_through_scratch(vstring& target, Keep keep) {
 }  // namespace
 
 // Every byte equal to `c` goes. No EnsureTempBuf: the result is never longer
-// than the text.
+// than the text. Like every scratch result, an empty one releases the block.
 vstring& vstring::removeCharacter(char c) {
-  if (isNull()) return *this;
   return filter_through_scratch(*this, [c](char b) { return b != c; });
 }
 
 // Bytes 0x00-0x20 go; bytes of 0x80 and up are text here and stay.
 vstring& vstring::removeWhiteSpace() {
-  if (isNull()) return *this;
   txc::ensure_temp_buf(txc::scratch_need(len(), 0));
   return filter_through_scratch(*this, [](char b) {
     const signed char s = static_cast<signed char>(b);
@@ -52,7 +50,6 @@ vstring& vstring::removeWhiteSpace() {
 // inside quotes everything stays. The quote bytes themselves are kept, and
 // one family toggles: '"', and 0x93/0x94 under a 1252 host.
 vstring& vstring::removeWhiteSpacenq() {
-  if (isNull()) return *this;
   txc::ensure_temp_buf(txc::scratch_need(len(), 0));
   bool quoted = false;
   return filter_through_scratch(*this, [&quoted](char b) {
@@ -120,7 +117,6 @@ vstring& vstring::dropchars(const vstring& kinds) const {
 // digit, or the first byte found among extra[0..extraCount). From there on
 // everything stays. A null `extra` or a count below 1 accepts no extra byte.
 vstring& vstring::MakeAlphaNumeric(char* extra, int extraCount) {
-  if (isNull()) return *this;
   txc::ensure_temp_buf(txc::scratch_need(len(), 0));
   const std::size_t extraLen = (extra != nullptr && extraCount > 0)
                                    ? static_cast<std::size_t>(extraCount) : 0;

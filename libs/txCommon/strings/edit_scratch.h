@@ -14,13 +14,20 @@
 //   The source is read in whole units (one byte, a doubled quote, one
 //   replacement) while the unit still fits within TempBufLen() bytes; the
 //   first unit that does not fit ends the reading, and the rest of the source
-//   is dropped without a report -- the rule replace_mult has always had.
-//   Closing bytes (the final quote of the quoting operations) are reserved up
-//   front, so a cut result is still well formed: `"` + head of text + `"`.
+//   is dropped without a report. Closing bytes (the final quote of the
+//   quoting operations) are reserved up front, so a cut result is still well
+//   formed: `"` + head of text + `"`.
+//
+// So a text too large for the buffer always gets the head of its full result,
+// cut between units, with no report: never a split doubled quote, never a
+// missing closing quote, never a byte beyond the buffer. replace_mult keeps
+// its own, earlier stop (see replace.cpp): it reads on only while its output
+// is below TempBufLen() minus the length of `to`, so that one more
+// replacement always fits; its result is the same kind of head.
 //
 // A result is thus at most TempBufLen() bytes, or exactly its closing bytes
 // when the host reports a buffer smaller than those; the 8 spare bytes hold
-// them and the terminator.
+// them and the terminator. With no host, TempBufLen() is 131,040.
 #pragma once
 
 #include <txCommon/internal/host_bridge.h>

@@ -42,6 +42,29 @@ TEST(Remove, WhiteSpaceFamilies) {
   EXPECT_EQ(blanks.blen(), 0u) << "an empty result releases the block";
 }
 
+// A text emptied in place (itrim keeps its block) goes through the scratch
+// buffer like any other: the empty result releases the block.
+TEST(Remove, EmptyResultReleasesTheKeptBlock) {
+  using Op = void (*)(vstring&);
+  const Op ops[] = {
+      [](vstring& s) { s.removeCharacter('x'); },
+      [](vstring& s) { s.removeWhiteSpace(); },
+      [](vstring& s) { s.removeWhiteSpacenq(); },
+      [](vstring& s) { s.MakeAlphaNumeric(nullptr, 0); },
+      [](vstring& s) { s.replace_mult(vstring("a"), vstring("b"), 1, 0); },
+  };
+  int k = 0;
+  for (Op op : ops) {
+    SCOPED_TRACE(k++);
+    vstring s("    ");
+    s.itrim();
+    ASSERT_NE(s.blen(), 0u);
+    op(s);
+    EXPECT_EQ(s.len(), 0u);
+    EXPECT_EQ(s.blen(), 0u);
+  }
+}
+
 TEST(Remove, RemoveCharacter) {
   vstring s("a,b,,c,");
   EXPECT_EQ(bytes(s.removeCharacter(',')), "abc");

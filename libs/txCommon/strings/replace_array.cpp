@@ -13,12 +13,16 @@
 // UpperBuffer), and the entries of `from` are upper-cased in the array
 // itself; outside the replaced pieces the text keeps its own case.
 //
-// An entry that is not found behind the previous match is skipped: nothing
-// is appended for it and the search point stays, so a missing entry costs
-// nothing and the entries behind it still apply. (Reading "not found" as
-// position 0, as the plain algorithm would, inserts to[k] at a wrong place
-// and moves the search point back to the front.) Empty entries of `from` are
-// skipped too; a `to` shorter than `from` gives empty texts for the rest.
+// An entry that is not found behind the search point counts as found at
+// position 0: to[k] is appended all the same, and the search point falls back
+// to the length of from[k], so text in front of the next match may be copied
+// a second time. Callers rely on the entries standing in order; the pass
+// keeps this long-standing behaviour rather than guess at a better one:
+//
+//   "a c", from = {"a", "zz", "c"}, to = {"1", "2", "3"}  ->  "12 3"
+//
+// Empty entries of `from` are skipped; a `to` shorter than `from` gives
+// empty texts for the rest.
 #include <txCommon/internal/host_bridge.h>
 #include <txCommon/vstring.h>
 #include <txCommon/vstringArray.h>
@@ -26,56 +30,29 @@
 
 #include "edit_scratch.h"
 
-#include <cstring>
-#include <vector>
-
-namespace {
-
-struct Hit {
-  unsigned at;   // 0-based offset of the match in the text
-  unsigned len;  // bytes of from[k] replaced
-  int k;         // the pair
-};
-
-}  // namespace
+#include <string>
 
 void vstring::replace_mult(vstringArray& from, vstringArray& to, int caseBlind) {
   vstring hay(*this);
   if (caseBlind != 0) hay.upr();
-  const unsigned n = len();
+  const char* src = optr();
+  const unsigned long long n = len();
 
-  std::vector<Hit> hits;
-  unsigned pos = 1;  // 1-based search point
-  unsigned long long total = n;
+  std::string out;
+  unsigned long long pos = 1;  // 1-based search point; may lie behind the end
   for (int k = 0; k < from.len(); ++k) {
     vstring& f = from[k];
     if (f.isNull()) continue;
     if (caseBlind != 0) f.upr();
-    const int p = pos <= n ? hay.instr(f, 1, pos) : 0;
-    if (p <= 0) continue;
-    hits.push_back({static_cast<unsigned>(p) - 1, f.len(), k});
-    pos = static_cast<unsigned>(p) + f.len();
-    total = total - f.len() + to[k].len();
+    const int found = pos <= n ? hay.instr(f, 1, static_cast<unsigned>(pos)) : 0;
+    const unsigned long long p = found > 0 ? static_cast<unsigned long long>(found) : 0;
+    // Bytes from pos up to p: none when the entry was not found (p is 0).
+    if (p > pos) out.append(src + (pos - 1), static_cast<std::size_t>(p - pos));
+    const vstring& t = to[k];
+    out.append(t.optr(), t.len());
+    pos = p + f.len();
   }
-  if (hits.empty()) return;
-  if (total == 0) {
-    clear();
-    return;
-  }
-
-  vstring out;
-  char* w = out.alloc(static_cast<unsigned>(convert64(static_cast<long long>(total))));
-  const char* src = optr();
-  unsigned from0 = 0;  // first byte of the text not yet copied
-  for (const Hit& h : hits) {
-    std::memcpy(w, src + from0, h.at - from0);
-    w += h.at - from0;
-    const vstring& t = to[h.k];
-    std::memcpy(w, t.optr(), t.len());
-    w += t.len();
-    from0 = h.at + h.len;
-  }
-  std::memcpy(w, src + from0, n - from0);
-  w[n - from0] = '\0';
-  swap(out);
+  // right(length - pos + 1): the rest behind the search point, if any.
+  if (pos <= n) out.append(src + (pos - 1), static_cast<std::size_t>(n - pos + 1));
+  txc::assign_bytes(*this, out.data(), static_cast<unsigned>(convert64(static_cast<long long>(out.size()))));
 }

