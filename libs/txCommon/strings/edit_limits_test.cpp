@@ -216,7 +216,9 @@ TEST(ScratchLimit, HostileInputs) {
     // Quoted through the scratch buffer, or left exactly as it is.
     vstring added = src;
     added.AddQuotesIfNecessary(true);
-    if (bytes(added) != text) EXPECT_LE(added.len(), kBuiltIn);
+    if (bytes(added) != text) {
+      EXPECT_LE(added.len(), kBuiltIn);
+    }
     vstring esc = src;
     esc.ConvertEscSequencesToAscii();
     EXPECT_LE(esc.len(), 2 * text.size());
