@@ -3,7 +3,7 @@
 // Strings made for cutting command text (vstring), their companions
 // (StringSpool, vstringArray), the host bridge, exceptions, the calendar and
 // date value (CDateMin), frequencies and the date hint, formatting and the
-// random generators.
+// random generators, the token scanner (command), variants and the registry.
 #pragma once
 
 #include <txCommon/export.h>
@@ -17,3 +17,6 @@
 #include <txCommon/frequency.h>
 #include <txCommon/format.h>
 #include <txCommon/random.h>
+#include <txCommon/command.h>
+#include <txCommon/VariantHelper.h>
+#include <txCommon/registry.h>

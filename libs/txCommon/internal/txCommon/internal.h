@@ -7,6 +7,8 @@
 #include <txCommon/internal/host_bridge.h>
 #include <txCommon/internal/platform.h>
 #include <txCommon/internal/platform_clock.h>
+#include <txCommon/internal/platform_registry.h>
+#include <txCommon/internal/platform_com.h>
 #include <txCommon/internal/mbcs.h>
 #include <txCommon/internal/vstring_block.h>
 #include <txCommon/internal/tracked_memory.h>
