@@ -111,6 +111,26 @@ public:
   // Dates read by word_date_full; both cursors are 0 before and after.
   int num_dates(int plain, const RegularFreq* freq);
 
+  // ---- list forms and wildcard expansion ----
+  // (scanner/list_forms.cpp, scanner/expand_wildcards.cpp)
+  //
+  //   command c("a \"b c\" f(x, y)");
+  //   c.TranslateIntoListForm();    // {a, "b c", f(x, y)}
+  //   c.TranslateFromListForm();    // a "bc" f(x y): every blank goes, commas split
+  //   command("a b").ExpandListWithWildcards(pattern);  // x* gives "XA XB"
+  //
+  // Replaces the text by `{w1, w2, ...}` of its words (word(1)); cursors to 0.
+  void TranslateIntoListForm();
+  // Drops every byte 0x00-0x20 (quotes are not looked at), turns commas into
+  // blanks and takes off an outer `{` `}` pair; cursors to 0.
+  void TranslateFromListForm();
+  // Each word rewritten by `pattern`, whose one `*` stands for the word (a
+  // pattern without wildcards is the result itself), upper-cased, as a
+  // temporary; the text stays. Empty for an empty text or an error pending;
+  // a pattern with another wildcard than one `*` reports 828 and gives empty.
+  // Not for two threads at once: the rewrites share one process-wide buffer.
+  vstring& ExpandListWithWildcards(vstring& pattern);
+
 protected:
   txlong offset = 0;      // next byte to read
   txlong prevOffset = 0;  // where the last word read began
