@@ -200,30 +200,7 @@ const Op kOps[] = {
 #undef TXT
 #undef CH
 
-// Reads \n \r \t \\ \" and \xNN; anything else stays as written.
-std::string unescape(const std::string& in) {
-  std::string out;
-  for (std::size_t i = 0; i < in.size(); ++i) {
-    if (in[i] != '\\' || i + 1 == in.size()) {
-      out += in[i];
-      continue;
-    }
-    const char c = in[++i];
-    if (c == 'n') out += '\n';
-    else if (c == 'r') out += '\r';
-    else if (c == 't') out += '\t';
-    else if (c == '\\' || c == '"') out += c;
-    else if (c == 'x' && i + 2 < in.size() && std::isxdigit(static_cast<unsigned char>(in[i + 1])) &&
-             std::isxdigit(static_cast<unsigned char>(in[i + 2]))) {
-      out += static_cast<char>(std::strtol(in.substr(i + 1, 2).c_str(), nullptr, 16));
-      i += 2;
-    } else {
-      out += '\\';
-      out += c;
-    }
-  }
-  return out;
-}
+using txc_tool::unescape;
 
 const Op* find_op(const std::string& name) {
   for (const Op& op : kOps) {

@@ -78,24 +78,7 @@ const Op kOps[] = {
      }},
 };
 
-// Reads \n \r \t \\ \" and \xNN; anything else stays as written.
-std::string unescape(const std::string& in) {
-  std::string out;
-  for (std::size_t i = 0; i < in.size(); ++i) {
-    const char c = i + 1 < in.size() && in[i] == '\\' ? in[i + 1] : '\0';
-    if (c == 'n' || c == 'r' || c == 't' || c == '\\' || c == '"') {
-      out += c == 'n' ? '\n' : c == 'r' ? '\r' : c == 't' ? '\t' : c;
-      ++i;
-    } else if (c == 'x' && i + 3 < in.size() && std::isxdigit(static_cast<unsigned char>(in[i + 2])) &&
-               std::isxdigit(static_cast<unsigned char>(in[i + 3]))) {
-      out += static_cast<char>(std::strtol(in.substr(i + 2, 2).c_str(), nullptr, 16));
-      i += 3;
-    } else {
-      out += in[i];
-    }
-  }
-  return out;
-}
+using txc_tool::unescape;
 
 const Op* find_op(const std::string& name) {
   for (const Op& op : kOps) {

@@ -31,4 +31,7 @@ struct Registration {
 std::string visible(const char* text, std::size_t n);
 std::string visible(const char* text);
 
+// Reads \n \r \t \\ \" and \xNN in an argument; anything else stays as written.
+std::string unescape(const std::string& in);
+
 }  // namespace txc_tool

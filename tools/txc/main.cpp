@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cctype>
+#include <cstdlib>
 #include <cstring>
 
 namespace txc_tool {
@@ -34,6 +36,31 @@ std::string visible(const char* text, std::size_t n) {
 }
 
 std::string visible(const char* text) { return visible(text, std::strlen(text)); }
+
+// Reads \n \r \t \\ \" and \xNN; anything else stays as written.
+std::string unescape(const std::string& in) {
+  std::string out;
+  for (std::size_t i = 0; i < in.size(); ++i) {
+    if (in[i] != '\\' || i + 1 == in.size()) {
+      out += in[i];
+      continue;
+    }
+    const char c = in[++i];
+    if (c == 'n') out += '\n';
+    else if (c == 'r') out += '\r';
+    else if (c == 't') out += '\t';
+    else if (c == '\\' || c == '"') out += c;
+    else if (c == 'x' && i + 2 < in.size() && std::isxdigit(static_cast<unsigned char>(in[i + 1])) &&
+             std::isxdigit(static_cast<unsigned char>(in[i + 2]))) {
+      out += static_cast<char>(std::strtol(in.substr(i + 1, 2).c_str(), nullptr, 16));
+      i += 2;
+    } else {
+      out += '\\';
+      out += c;
+    }
+  }
+  return out;
+}
 
 }  // namespace txc_tool
 
