@@ -3,9 +3,9 @@
 // The pair is the run-time's classic recurrence written out (see
 // random_engine.h), so a given seed yields the same text on every platform.
 #include <txCommon/internal/random_engine.h>
+#include <txCommon/internal/platform_clock.h>
 #include <txCommon/vstring.h>
 
-#include <ctime>
 
 namespace txc {
 namespace {
@@ -32,10 +32,9 @@ int crt_rand() { return crt_rand_step(randState); }
 vstring vstring::GetRandomAlphaNumericString(int minLength, int maxLength, bool keepSeed) {
   vstring result;
   if (!keepSeed) {
-    // The C library's clock, not the date kernel's: numbers stand without
-    // the date code. Only the low 32 bits of the seconds count.
-    const auto now = static_cast<long long>(std::time(nullptr));
-    txc::crt_srand(static_cast<std::uint32_t>(now));
+    // The seconds of the platform clock, as the C run-time's time() gives
+    // them; only the low 32 bits count.
+    txc::crt_srand(txc::platform::clock_now());
   }
   if (minLength < 1) return result;
   // Span in 64 bits: maxLength - minLength + 1 overflows int near INT_MAX.
