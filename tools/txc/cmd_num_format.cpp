@@ -7,6 +7,8 @@
 //   txc num iformat 1234.5678 -1003              [ 1.235e+03]
 #include "command.h"
 
+#include <iterator>
+
 #include <txCommon/internal.h>
 
 #include <cerrno>
@@ -16,12 +18,11 @@
 
 namespace {
 
+using txc_tool::to_int;
+
 using txc_tool::Args;
 
-struct FlagName {
-  const char* name;
-  unsigned bit;
-};
+using txc_tool::FlagName;
 
 // The caller's flag bits by name, as the help text lists them.
 constexpr FlagName kFlagNames[] = {
@@ -49,42 +50,7 @@ bool parse_value(const std::string& text, double* out) {
   return *end == '\0';
 }
 
-bool parse_int(const std::string& text, int* out) {
-  if (text.empty()) return false;
-  errno = 0;
-  char* end = nullptr;
-  const long long v = std::strtoll(text.c_str(), &end, 10);
-  if (errno != 0 || *end != '\0' || v < -2147483648LL || v > 2147483647LL) return false;
-  *out = static_cast<int>(v);
-  return true;
-}
 
-// A number (0x.. allowed) or names joined by ',' or '+'.
-bool parse_flags(const std::string& text, unsigned* out) {
-  char* end = nullptr;
-  errno = 0;
-  const unsigned long v = std::strtoul(text.c_str(), &end, 0);
-  if (!text.empty() && errno == 0 && *end == '\0') {
-    *out |= static_cast<unsigned>(v);
-    return true;
-  }
-  std::size_t start = 0;
-  while (start <= text.size()) {
-    std::size_t stop = text.find_first_of(",+", start);
-    if (stop == std::string::npos) stop = text.size();
-    const std::string word = text.substr(start, stop - start);
-    bool known = false;
-    for (const FlagName& f : kFlagNames) {
-      if (word == f.name) {
-        *out |= f.bit;
-        known = true;
-      }
-    }
-    if (!known) return false;
-    start = stop + 1;
-  }
-  return true;
-}
 
 void print_text(const vstring& s) { std::printf("%s\n", txc_tool::visible(s.optr(), s.len()).c_str()); }
 
@@ -100,9 +66,9 @@ int run_format(const Args& args) {
     const std::string& a = args[i];
     const bool hasValue = i + 1 < args.size();
     if (a == "--flags" && hasValue) {
-      if (!parse_flags(args[++i], &flags)) return usage_error("bad --flags '" + args[i] + "'");
+      if (!txc_tool::parse_flags(args[++i], kFlagNames, std::size(kFlagNames), &flags)) return usage_error("bad --flags '" + args[i] + "'");
     } else if ((a == "--before" || a == "--after") && hasValue) {
-      if (!parse_int(args[++i], a == "--before" ? &before : &after)) return usage_error("bad " + a);
+      if (!to_int(args[++i], a == "--before" ? &before : &after)) return usage_error("bad " + a);
       padded = true;
     } else if (a.size() > 2 && a[0] == '-' && a[1] == '-') {
       return usage_error("unknown option '" + a + "'");
@@ -135,7 +101,7 @@ int run_iformat(const Args& args) {
   int digits = 0;
   if (args.size() != 2) return usage_error("'num iformat' needs VALUE and DIGITS");
   if (!parse_value(args[0], &value)) return usage_error("bad VALUE '" + args[0] + "'");
-  if (!parse_int(args[1], &digits)) return usage_error("bad DIGITS '" + args[1] + "'");
+  if (!to_int(args[1], &digits)) return usage_error("bad DIGITS '" + args[1] + "'");
   vstring s;
   s.iformat(value, digits);
   print_text(s);

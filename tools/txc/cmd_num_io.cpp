@@ -6,6 +6,8 @@
 //                                              [ 12346]  status 8 NUM_LOST  outcome 0
 #include "command.h"
 
+#include <iterator>
+
 #include <txCommon/internal.h>
 #include <txCommon/internal/number_io.h>
 
@@ -18,12 +20,11 @@
 
 namespace {
 
+using txc_tool::to_int;
+
 using txc_tool::Args;
 
-struct FlagName {
-  const char* name;
-  unsigned bit;
-};
+using txc_tool::FlagName;
 
 constexpr FlagName kFlags[] = {
     {"plus", NF_PLUS},           {"blank", NF_BLANK},       {"paren", NF_PAREN},
@@ -52,42 +53,7 @@ int fail(const std::string& what) {
   return 2;
 }
 
-bool to_int(const std::string& text, int* out) {
-  if (text.empty()) return false;
-  errno = 0;
-  char* end = nullptr;
-  const long long v = std::strtoll(text.c_str(), &end, 10);
-  if (errno != 0 || *end != '\0' || v < -2147483648LL || v > 2147483647LL) return false;
-  *out = static_cast<int>(v);
-  return true;
-}
 
-// Names joined by ',' or '+', or a number (0x.. allowed).
-bool to_flags(const std::string& text, unsigned* out) {
-  char* end = nullptr;
-  errno = 0;
-  const unsigned long v = std::strtoul(text.c_str(), &end, 0);
-  if (!text.empty() && errno == 0 && *end == '\0') {
-    *out = static_cast<unsigned>(v);
-    return true;
-  }
-  std::size_t start = 0;
-  while (start <= text.size()) {
-    std::size_t stop = text.find_first_of(",+", start);
-    if (stop == std::string::npos) stop = text.size();
-    const std::string word = text.substr(start, stop - start);
-    bool known = false;
-    for (const FlagName& f : kFlags) {
-      if (word == f.name) {
-        *out |= f.bit;
-        known = true;
-      }
-    }
-    if (!known) return false;
-    start = stop + 1;
-  }
-  return true;
-}
 
 struct Options {
   std::vector<std::string> positional;
@@ -121,7 +87,7 @@ std::string parse_options(const Args& args, Options& o) {
     } else if (a == "--size") {
       if (!to_int(args[++i], &o.size) || o.size < 0 || o.size > 4096) return "--size takes 0..4096";
     } else if (a == "--flags") {
-      if (!to_flags(args[++i], &o.format.flags)) return "unknown flag in " + args[i];
+      if (!txc_tool::parse_flags(args[++i], kFlags, std::size(kFlags), &o.format.flags)) return "unknown flag in " + args[i];
     } else {
       return "unknown option " + a;
     }

@@ -24,6 +24,8 @@
 
 namespace {
 
+using txc_tool::to_int;
+
 using txc_tool::Args;
 
 // What an operation hands back to the printer.
@@ -38,16 +40,6 @@ Result number_of(long long n) { return {false, std::string(), n}; }
 
 vstring arg_text(const std::string& a) { return vstring(a.data(), static_cast<txlong>(a.size())); }
 
-// Whole decimal number in the range of int; false otherwise.
-bool to_int(const std::string& text, int* out) {
-  if (text.empty()) return false;
-  errno = 0;
-  char* end = nullptr;
-  const long long v = std::strtoll(text.c_str(), &end, 10);
-  if (errno != 0 || *end != '\0' || v < -2147483647LL - 1 || v > 2147483647LL) return false;
-  *out = static_cast<int>(v);
-  return true;
-}
 
 // The arguments an operation reads, checked before it runs: T text, I int,
 // C one byte. Lower case marks an optional trailing argument.

@@ -18,6 +18,8 @@
 
 namespace {
 
+using txc_tool::to_int;
+
 using txc_tool::Args;
 
 vstring arg_text(const std::string& a) { return vstring(a.data(), static_cast<txlong>(a.size())); }
@@ -26,15 +28,6 @@ void print_text(const vstring& s) {
   std::printf("%s\n", txc_tool::visible(s.optr(), s.len()).c_str());
 }
 
-bool to_int(const std::string& text, int* out) {
-  if (text.empty()) return false;
-  errno = 0;
-  char* end = nullptr;
-  const long long v = std::strtoll(text.c_str(), &end, 10);
-  if (errno != 0 || *end != '\0' || v < -2147483647LL - 1 || v > 2147483647LL) return false;
-  *out = static_cast<int>(v);
-  return true;
-}
 
 // Every word as the word step finds it, one a line, with its byte offset.
 void show_words(const vstring& s) {

@@ -34,4 +34,15 @@ std::string visible(const char* text);
 // Reads \n \r \t \\ \" and \xNN in an argument; anything else stays as written.
 std::string unescape(const std::string& in);
 
+// A decimal 32-bit integer, the whole text; false for anything else.
+bool to_int(const std::string& text, int* out);
+
+// Flag arguments: a number (0x.. allowed) or names from `table` joined by
+// ',' or '+'; each is or-ed into *out. False for an unknown name.
+struct FlagName {
+  const char* name;
+  unsigned bit;
+};
+bool parse_flags(const std::string& text, const FlagName* table, std::size_t count, unsigned* out);
+
 }  // namespace txc_tool

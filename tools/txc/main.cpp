@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cctype>
+#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 
@@ -60,6 +61,41 @@ std::string unescape(const std::string& in) {
     }
   }
   return out;
+}
+
+bool to_int(const std::string& text, int* out) {
+  if (text.empty()) return false;
+  errno = 0;
+  char* end = nullptr;
+  const long long v = std::strtoll(text.c_str(), &end, 10);
+  if (errno != 0 || *end != '\0' || v < -2147483647LL - 1 || v > 2147483647LL) return false;
+  *out = static_cast<int>(v);
+  return true;
+}
+
+bool parse_flags(const std::string& text, const FlagName* table, std::size_t count, unsigned* out) {
+  char* end = nullptr;
+  errno = 0;
+  const unsigned long v = std::strtoul(text.c_str(), &end, 0);
+  if (!text.empty() && errno == 0 && *end == '\0') {
+    *out |= static_cast<unsigned>(v);
+    return true;
+  }
+  for (std::size_t start = 0; start <= text.size();) {
+    std::size_t stop = text.find_first_of(",+", start);
+    if (stop == std::string::npos) stop = text.size();
+    const std::string word = text.substr(start, stop - start);
+    bool known = false;
+    for (std::size_t k = 0; k < count; ++k) {
+      if (word == table[k].name) {
+        *out |= table[k].bit;
+        known = true;
+      }
+    }
+    if (!known) return false;
+    start = stop + 1;
+  }
+  return true;
 }
 
 }  // namespace txc_tool
